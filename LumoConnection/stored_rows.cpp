@@ -102,16 +102,26 @@ Variant StoredRows::ColumnValue(Int16 position) {
     if (row_ >= RowCount()) Raise(RowSetError::kNoCurrentRow, "The row set has no current row.");
     const Cell& cell = cells_[row_ * names_->size() + static_cast<std::size_t>(position)];
     switch (cell.kind) {
-        case Kind::kNull: return Variant::Null();
-        case Kind::kBool: return cell.integer != 0;
-        case Kind::kByte: return static_cast<Byte>(cell.integer);
-        case Kind::kInt16: return static_cast<Int16>(cell.integer);
-        case Kind::kInt32: return static_cast<Int32>(cell.integer);
-        case Kind::kSingle: return static_cast<Single>(cell.real);
-        case Kind::kDouble: return cell.real;
-        case Kind::kMoney: return Money::FromUnits(cell.integer);
-        case Kind::kDateTime: return DateTime(cell.real);
-        case Kind::kText: return std::string_view(texts_).substr(cell.text_start, cell.text_length);
+        case Kind::kNull:
+            return Variant::Null();
+        case Kind::kBool:
+            return cell.integer != 0;
+        case Kind::kByte:
+            return static_cast<Byte>(cell.integer);
+        case Kind::kInt16:
+            return static_cast<Int16>(cell.integer);
+        case Kind::kInt32:
+            return static_cast<Int32>(cell.integer);
+        case Kind::kSingle:
+            return static_cast<Single>(cell.real);
+        case Kind::kDouble:
+            return cell.real;
+        case Kind::kMoney:
+            return Money::FromUnits(cell.integer);
+        case Kind::kDateTime:
+            return DateTime(cell.real);
+        case Kind::kText:
+            return std::string_view(texts_).substr(cell.text_start, cell.text_length);
     }
     return {};
 }

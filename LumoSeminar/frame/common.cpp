@@ -41,9 +41,7 @@ Variant Nz(const Variant& value, const Variant& replacement) { return value.IsNu
 
 Variant Nz(const Field& field, const Variant& replacement) { return Nz(ValueOf(field), replacement); }
 
-Variant ValueOf(const Field& field) try {
-    return field.Value();
-} catch (...) {
+Variant ValueOf(const Field& field) try { return field.Value(); } catch (...) {
     RaiseLabelled("LumoSeminar.common.Nz");
 }
 

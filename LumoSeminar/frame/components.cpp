@@ -12,7 +12,8 @@ template <class T>
 Ref<T> Make(const std::function<Ref<T>()>& maker, const char* name) {
     Ref<T> object = maker ? maker() : nullptr;
     if (!object) {
-        Raise(ErrorNumber::kComponentNotCreated, std::string("The component ") + name + " cannot be created: this thread has no maker for it.");
+        Raise(ErrorNumber::kComponentNotCreated,
+              std::string("The component ") + name + " cannot be created: this thread has no maker for it.");
     }
     return object;
 }

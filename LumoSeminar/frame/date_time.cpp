@@ -52,8 +52,7 @@ DateTime DateTime::Of(int year, unsigned month, unsigned day, int hour, int minu
     if (!date.ok() || hour < 0 || hour > 23 || minute < 0 || minute > 59 || second < 0 || second > 59) {
         RaiseTypeMismatch("a day or time that does not exist", "DateTime");
     }
-    return DateTime(local_days{date},
-                    std::chrono::hours{hour} + std::chrono::minutes{minute} + std::chrono::seconds{second});
+    return DateTime(local_days{date}, std::chrono::hours{hour} + std::chrono::minutes{minute} + std::chrono::seconds{second});
 }
 
 DateTime DateTime::TimeOfDay(int hour, int minute, int second) { return Of(1899, 12, 30, hour, minute, second); }

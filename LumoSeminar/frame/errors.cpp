@@ -97,9 +97,7 @@ void RaiseTypeMismatch(std::string_view from, std::string_view to) {
 
 void RaiseInvalidUseOfNull() { Raise(ErrorNumber::kInvalidUseOfNull, "Invalid use of Null."); }
 
-void RaiseRefused(std::string last_error_text) {
-    Raise(ErrorNumber::kStatementRefused, std::move(last_error_text));
-}
+void RaiseRefused(std::string last_error_text) { Raise(ErrorNumber::kStatementRefused, std::move(last_error_text)); }
 
 void RaiseLabelled(std::string_view label, std::string_view addition) {
     const Error error = CurrentError();

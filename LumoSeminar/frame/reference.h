@@ -28,11 +28,9 @@ class Ref {
     constexpr Ref() = default;
     constexpr Ref(std::nullptr_t) {}
     template <class U>
-        requires std::convertible_to<U*, T*>
-    Ref(std::shared_ptr<U> object) : object_(std::move(object)) {}
+    requires std::convertible_to<U*, T*> Ref(std::shared_ptr<U> object) : object_(std::move(object)) {}
     template <class U>
-        requires std::convertible_to<U*, T*>
-    Ref(Ref<U> other) : object_(std::move(other).Shared()) {}
+    requires std::convertible_to<U*, T*> Ref(Ref<U> other) : object_(std::move(other).Shared()) {}
 
     T& operator*() const {
         if (!object_) RaiseEmptyReference();

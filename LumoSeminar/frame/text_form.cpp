@@ -19,8 +19,9 @@ struct Decimal {
 template <std::floating_point F>
 Decimal Round(F value, int significant) {
     std::array<char, 40> scientific;
-    const auto end =
-        std::to_chars(scientific.data(), scientific.data() + scientific.size(), value, std::chars_format::scientific, significant - 1).ptr;
+    const auto end = std::to_chars(scientific.data(), scientific.data() + scientific.size(), value,
+                                   std::chars_format::scientific, significant - 1)
+                         .ptr;
     Decimal result;
     const char* at = scientific.data();
     if (*at == '-') {
@@ -177,7 +178,8 @@ bool Take(std::string_view& text, char c) {
 }
 
 bool EqualsWithoutCase(std::string_view text, std::string_view lower) {
-    return std::ranges::equal(text, lower, [](char a, char b) { return (a >= 'A' && a <= 'Z' ? a + ('a' - 'A') : a) == b; });
+    return std::ranges::equal(text, lower,
+                              [](char a, char b) { return (a >= 'A' && a <= 'Z' ? a + ('a' - 'A') : a) == b; });
 }
 
 [[noreturn]] void RaiseNo(std::string_view type) { RaiseTypeMismatch("the text", type); }
@@ -303,7 +305,8 @@ Money ToMoney(std::string_view text) {
             decimals = 0;
         } else if (decimals < 4) {
             const int digit = c - '0';
-            if (__builtin_mul_overflow(units, 10, &units) || __builtin_sub_overflow(units, digit, &units)) RaiseOverflow();
+            if (__builtin_mul_overflow(units, 10, &units) || __builtin_sub_overflow(units, digit, &units))
+                RaiseOverflow();
             odd = digit % 2 != 0;
             if (decimals >= 0) ++decimals;
         } else if (decimals == 4) {

@@ -1,0 +1,19 @@
+#pragma once
+
+/// The one header that a front end needs.
+
+#include <LumoSeminar/catalogue/clsSeminar.h>
+#include <LumoSeminar/catalogue/colSeminare.h>
+#include <LumoSeminar/frame/clock.h>
+#include <LumoSeminar/frame/collection.h>
+#include <LumoSeminar/frame/components.h>
+#include <LumoSeminar/frame/data_session.h>
+#include <LumoSeminar/frame/date_time.h>
+#include <LumoSeminar/frame/error_list.h>
+#include <LumoSeminar/frame/errors.h>
+#include <LumoSeminar/frame/money.h>
+#include <LumoSeminar/frame/reference.h>
+#include <LumoSeminar/frame/row_set.h>
+#include <LumoSeminar/frame/text_form.h>
+#include <LumoSeminar/frame/types.h>
+#include <LumoSeminar/frame/variant.h>
