@@ -119,120 +119,49 @@ Bool clsSeminar::DeleteFromDatabase() try {
     RaiseLabelled(" LumoSeminar062.clsSeminar.DeleteFromDatabase");
 }
 
-Int32 clsSeminar::SemID() { return Plain(&SeminarRow::SemID, " LumoSeminar062.clsSeminar.SemID -> Property GET"); }
-// The label is that of MDNr.
-void clsSeminar::SemID(Int32 value) {
-    Let(&SeminarRow::SemID, value, " LumoSeminar062.clsSeminar.MDNr -> Property LET");
-}
-Int32 clsSeminar::MDNR() { return Get(&SeminarRow::MDNr, " LumoSeminar062.clsSeminar.MDNr -> Property GET"); }
-void clsSeminar::MDNR(Int32 value) { Let(&SeminarRow::MDNr, value, " LumoSeminar062.clsSeminar.MDNr -> Property LET"); }
-Text clsSeminar::SemCode() { return Get(&SeminarRow::SemCode, " LumoSeminar062.clsSeminar.SemCode -> Property GET"); }
-void clsSeminar::SemCode(Text value) {
-    Let(&SeminarRow::SemCode, std::move(value), " LumoSeminar062.clsSeminar.SemCode -> Property LET");
-}
-Text clsSeminar::SemTitel() {
-    return Get(&SeminarRow::SemTitel, " LumoSeminar062.clsSeminar.SemTitel -> Property GET");
-}
-void clsSeminar::SemTitel(Text value) {
-    Let(&SeminarRow::SemTitel, std::move(value), " LumoSeminar062.clsSeminar.SemTitel -> Property LET");
-}
-Int32 clsSeminar::Sachbearbeiter() {
-    return Get(&SeminarRow::Sachbearbeiter, " LumoSeminar062.clsSeminar.Sachbearbeiter -> Property GET");
-}
-void clsSeminar::Sachbearbeiter(Int32 value) {
-    Let(&SeminarRow::Sachbearbeiter, value, " LumoSeminar062.clsSeminar.Sachbearbeiter -> Property LET");
-}
-Int32 clsSeminar::Status() { return Get(&SeminarRow::Status, " LumoSeminar062.clsSeminar.Status -> Property GET"); }
-void clsSeminar::Status(Int32 value) {
-    Let(&SeminarRow::Status, value, " LumoSeminar062.clsSeminar.Status -> Property LET");
-}
-Int32 clsSeminar::InhaltZielID() {
-    return Get(&SeminarRow::InhaltZielID, " LumoSeminar062.clsSeminar.InhaltZielID -> Property GET");
-}
-void clsSeminar::InhaltZielID(Int32 value) {
-    Let(&SeminarRow::InhaltZielID, value, " LumoSeminar062.clsSeminar.InhaltZielID -> Property LET");
-}
-Int32 clsSeminar::TeilnehmerMIN() {
-    return Get(&SeminarRow::TeilnehmerMIN, " LumoSeminar062.clsSeminar.TeilnehmerMIN -> Property GET");
-}
-void clsSeminar::TeilnehmerMIN(Int32 value) {
-    Let(&SeminarRow::TeilnehmerMIN, value, " LumoSeminar062.clsSeminar.TeilnehmerMIN -> Property LET");
-}
-Int32 clsSeminar::TeilnehmerMAX() {
-    return Get(&SeminarRow::TeilnehmerMAX, " LumoSeminar062.clsSeminar.TeilnehmerMAX -> Property GET");
-}
-void clsSeminar::TeilnehmerMAX(Int32 value) {
-    Let(&SeminarRow::TeilnehmerMAX, value, " LumoSeminar062.clsSeminar.TeilnehmerMAX -> Property LET");
-}
-Int32 clsSeminar::TeilnehmerOPT() {
-    return Get(&SeminarRow::TeilnehmerOPT, " LumoSeminar062.clsSeminar.TeilnehmerOPT -> Property GET");
-}
-void clsSeminar::TeilnehmerOPT(Int32 value) {
-    Let(&SeminarRow::TeilnehmerOPT, value, " LumoSeminar062.clsSeminar.TeilnehmerOPT -> Property LET");
-}
-Double clsSeminar::Stunden() { return Get(&SeminarRow::Stunden, " LumoSeminar062.clsSeminar.Stunden -> Property GET"); }
-void clsSeminar::Stunden(Double value) {
-    Let(&SeminarRow::Stunden, value, " LumoSeminar062.clsSeminar.Stunden -> Property LET");
-}
-Int32 clsSeminar::Sitzungen() {
-    return Get(&SeminarRow::Sitzungen, " LumoSeminar062.clsSeminar.Sitzungen -> Property GET");
-}
-void clsSeminar::Sitzungen(Int32 value) {
-    Let(&SeminarRow::Sitzungen, value, " LumoSeminar062.clsSeminar.Sitzungen -> Property LET");
-}
-Int32 clsSeminar::SerienID() {
-    return Get(&SeminarRow::SerienID, " LumoSeminar062.clsSeminar.SerienID -> Property GET");
-}
-void clsSeminar::SerienID(Int32 value) {
-    Let(&SeminarRow::SerienID, value, " LumoSeminar062.clsSeminar.SerienID -> Property LET");
-}
-Money clsSeminar::KostenProTN() {
-    return Get(&SeminarRow::KostenProTN, " LumoSeminar062.clsSeminar.KostenProTN -> Property GET");
-}
-void clsSeminar::KostenProTN(Money value) {
-    Let(&SeminarRow::KostenProTN, value, " LumoSeminar062.clsSeminar.KostenProTN -> Property LET");
-}
-Money clsSeminar::Anzahlung() {
-    return Get(&SeminarRow::Anzahlung, " LumoSeminar062.clsSeminar.Anzahlung -> Property GET");
-}
-void clsSeminar::Anzahlung(Money value) {
-    Let(&SeminarRow::Anzahlung, value, " LumoSeminar062.clsSeminar.Anzahlung -> Property LET");
-}
-Money clsSeminar::StornoKosten() {
-    return Get(&SeminarRow::Stornokosten, " LumoSeminar062.clsSeminar.StornoKosten -> Property GET");
-}
-void clsSeminar::StornoKosten(Money value) {
-    Let(&SeminarRow::Stornokosten, value, " LumoSeminar062.clsSeminar.StornoKosten -> Property LET");
-}
-Money clsSeminar::Abbruchkosten() {
-    return Get(&SeminarRow::Abbruchkosten, " LumoSeminar062.clsSeminar.Abbruchkosten -> Property GET");
-}
-void clsSeminar::Abbruchkosten(Money value) {
-    Let(&SeminarRow::Abbruchkosten, value, " LumoSeminar062.clsSeminar.Abbruchkosten -> Property LET");
-}
-Int32 clsSeminar::FristStorno() {
-    return Get(&SeminarRow::FristStorno, " LumoSeminar062.clsSeminar.FristStorno -> Property GET");
-}
-void clsSeminar::FristStorno(Int32 value) {
-    Let(&SeminarRow::FristStorno, value, " LumoSeminar062.clsSeminar.FristStorno -> Property LET");
-}
-Int32 clsSeminar::FristAbbruch() {
-    return Get(&SeminarRow::FristAbbruch, " LumoSeminar062.clsSeminar.FristAbbruch -> Property GET");
-}
-void clsSeminar::FristAbbruch(Int32 value) {
-    Let(&SeminarRow::FristAbbruch, value, " LumoSeminar062.clsSeminar.FristAbbruch -> Property LET");
-}
-Int32 clsSeminar::FristAnmeldung() {
-    return Get(&SeminarRow::FristAnmeldung, " LumoSeminar062.clsSeminar.FristAnmeldung -> Property GET");
-}
-void clsSeminar::FristAnmeldung(Int32 value) {
-    Let(&SeminarRow::FristAnmeldung, value, " LumoSeminar062.clsSeminar.FristAnmeldung -> Property LET");
-}
-Int32 clsSeminar::Wiederholung() {
-    return Get(&SeminarRow::Wiederholung, " LumoSeminar062.clsSeminar.Wiederholung -> Property GET");
-}
-void clsSeminar::Wiederholung(Int32 value) {
-    Let(&SeminarRow::Wiederholung, value, " LumoSeminar062.clsSeminar.Wiederholung -> Property LET");
-}
+// clang-format off
+Int32 clsSeminar::SemID() { return Plain(&Row::SemID, " LumoSeminar062.clsSeminar.SemID -> Property GET"); }
+void clsSeminar::SemID(Int32 value) { Let(&Row::SemID, value, " LumoSeminar062.clsSeminar.MDNr -> Property LET"); }  // the label of MDNr
+Int32 clsSeminar::MDNR() { return Get(&Row::MDNr, " LumoSeminar062.clsSeminar.MDNr -> Property GET"); }
+void clsSeminar::MDNR(Int32 value) { Let(&Row::MDNr, value, " LumoSeminar062.clsSeminar.MDNr -> Property LET"); }
+Text clsSeminar::SemCode() { return Get(&Row::SemCode, " LumoSeminar062.clsSeminar.SemCode -> Property GET"); }
+void clsSeminar::SemCode(Text value) { Let(&Row::SemCode, std::move(value), " LumoSeminar062.clsSeminar.SemCode -> Property LET"); }
+Text clsSeminar::SemTitel() { return Get(&Row::SemTitel, " LumoSeminar062.clsSeminar.SemTitel -> Property GET"); }
+void clsSeminar::SemTitel(Text value) { Let(&Row::SemTitel, std::move(value), " LumoSeminar062.clsSeminar.SemTitel -> Property LET"); }
+Int32 clsSeminar::Sachbearbeiter() { return Get(&Row::Sachbearbeiter, " LumoSeminar062.clsSeminar.Sachbearbeiter -> Property GET"); }
+void clsSeminar::Sachbearbeiter(Int32 value) { Let(&Row::Sachbearbeiter, value, " LumoSeminar062.clsSeminar.Sachbearbeiter -> Property LET"); }
+Int32 clsSeminar::Status() { return Get(&Row::Status, " LumoSeminar062.clsSeminar.Status -> Property GET"); }
+void clsSeminar::Status(Int32 value) { Let(&Row::Status, value, " LumoSeminar062.clsSeminar.Status -> Property LET"); }
+Int32 clsSeminar::InhaltZielID() { return Get(&Row::InhaltZielID, " LumoSeminar062.clsSeminar.InhaltZielID -> Property GET"); }
+void clsSeminar::InhaltZielID(Int32 value) { Let(&Row::InhaltZielID, value, " LumoSeminar062.clsSeminar.InhaltZielID -> Property LET"); }
+Int32 clsSeminar::TeilnehmerMIN() { return Get(&Row::TeilnehmerMIN, " LumoSeminar062.clsSeminar.TeilnehmerMIN -> Property GET"); }
+void clsSeminar::TeilnehmerMIN(Int32 value) { Let(&Row::TeilnehmerMIN, value, " LumoSeminar062.clsSeminar.TeilnehmerMIN -> Property LET"); }
+Int32 clsSeminar::TeilnehmerMAX() { return Get(&Row::TeilnehmerMAX, " LumoSeminar062.clsSeminar.TeilnehmerMAX -> Property GET"); }
+void clsSeminar::TeilnehmerMAX(Int32 value) { Let(&Row::TeilnehmerMAX, value, " LumoSeminar062.clsSeminar.TeilnehmerMAX -> Property LET"); }
+Int32 clsSeminar::TeilnehmerOPT() { return Get(&Row::TeilnehmerOPT, " LumoSeminar062.clsSeminar.TeilnehmerOPT -> Property GET"); }
+void clsSeminar::TeilnehmerOPT(Int32 value) { Let(&Row::TeilnehmerOPT, value, " LumoSeminar062.clsSeminar.TeilnehmerOPT -> Property LET"); }
+Double clsSeminar::Stunden() { return Get(&Row::Stunden, " LumoSeminar062.clsSeminar.Stunden -> Property GET"); }
+void clsSeminar::Stunden(Double value) { Let(&Row::Stunden, value, " LumoSeminar062.clsSeminar.Stunden -> Property LET"); }
+Int32 clsSeminar::Sitzungen() { return Get(&Row::Sitzungen, " LumoSeminar062.clsSeminar.Sitzungen -> Property GET"); }
+void clsSeminar::Sitzungen(Int32 value) { Let(&Row::Sitzungen, value, " LumoSeminar062.clsSeminar.Sitzungen -> Property LET"); }
+Int32 clsSeminar::SerienID() { return Get(&Row::SerienID, " LumoSeminar062.clsSeminar.SerienID -> Property GET"); }
+void clsSeminar::SerienID(Int32 value) { Let(&Row::SerienID, value, " LumoSeminar062.clsSeminar.SerienID -> Property LET"); }
+Money clsSeminar::KostenProTN() { return Get(&Row::KostenProTN, " LumoSeminar062.clsSeminar.KostenProTN -> Property GET"); }
+void clsSeminar::KostenProTN(Money value) { Let(&Row::KostenProTN, value, " LumoSeminar062.clsSeminar.KostenProTN -> Property LET"); }
+Money clsSeminar::Anzahlung() { return Get(&Row::Anzahlung, " LumoSeminar062.clsSeminar.Anzahlung -> Property GET"); }
+void clsSeminar::Anzahlung(Money value) { Let(&Row::Anzahlung, value, " LumoSeminar062.clsSeminar.Anzahlung -> Property LET"); }
+Money clsSeminar::StornoKosten() { return Get(&Row::Stornokosten, " LumoSeminar062.clsSeminar.StornoKosten -> Property GET"); }
+void clsSeminar::StornoKosten(Money value) { Let(&Row::Stornokosten, value, " LumoSeminar062.clsSeminar.StornoKosten -> Property LET"); }
+Money clsSeminar::Abbruchkosten() { return Get(&Row::Abbruchkosten, " LumoSeminar062.clsSeminar.Abbruchkosten -> Property GET"); }
+void clsSeminar::Abbruchkosten(Money value) { Let(&Row::Abbruchkosten, value, " LumoSeminar062.clsSeminar.Abbruchkosten -> Property LET"); }
+Int32 clsSeminar::FristStorno() { return Get(&Row::FristStorno, " LumoSeminar062.clsSeminar.FristStorno -> Property GET"); }
+void clsSeminar::FristStorno(Int32 value) { Let(&Row::FristStorno, value, " LumoSeminar062.clsSeminar.FristStorno -> Property LET"); }
+Int32 clsSeminar::FristAbbruch() { return Get(&Row::FristAbbruch, " LumoSeminar062.clsSeminar.FristAbbruch -> Property GET"); }
+void clsSeminar::FristAbbruch(Int32 value) { Let(&Row::FristAbbruch, value, " LumoSeminar062.clsSeminar.FristAbbruch -> Property LET"); }
+Int32 clsSeminar::FristAnmeldung() { return Get(&Row::FristAnmeldung, " LumoSeminar062.clsSeminar.FristAnmeldung -> Property GET"); }
+void clsSeminar::FristAnmeldung(Int32 value) { Let(&Row::FristAnmeldung, value, " LumoSeminar062.clsSeminar.FristAnmeldung -> Property LET"); }
+Int32 clsSeminar::Wiederholung() { return Get(&Row::Wiederholung, " LumoSeminar062.clsSeminar.Wiederholung -> Property GET"); }
+void clsSeminar::Wiederholung(Int32 value) { Let(&Row::Wiederholung, value, " LumoSeminar062.clsSeminar.Wiederholung -> Property LET"); }
+// clang-format on
 
 }  // namespace LumoSeminar

@@ -16,9 +16,11 @@ namespace LumoSeminar {
 /// Init binds the object and reads nothing. The first get of a property costs one statement; a row that is not there
 /// is looked for again at each get, and its properties are 0 or empty. A let only stores: what was let before the
 /// first get of an existing row is overwritten by the load. So read a property, then let, then update.
-template <class Row>
+template <class TableRow>
 class PersistentObject : public Object {
   protected:
+    using Row = TableRow;
+
     /// The load; true once the row has been read.
     virtual Bool PropertiesInit() = 0;
 

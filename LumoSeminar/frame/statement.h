@@ -336,8 +336,8 @@ class Sql {
     consteval Sql(const char (&text)[N]) : Sql(std::string_view(text, N - 1)) {}
 
     Text operator()(const Args&... args) const {
-        const detail::SlotValue values[] = {detail::SlotValue(args)...};
-        return text_.Write(values);
+        const std::array<detail::SlotValue, sizeof...(Args)> values{detail::SlotValue(args)...};
+        return text_.Write(values.data());
     }
 
     constexpr std::string_view Whole() const { return text_.Whole(); }
@@ -349,7 +349,7 @@ class Sql {
         std::size_t count = 0;
 
         constexpr detail::NamedValue operator()(std::string_view name) {
-            constexpr detail::Kind kinds[] = {detail::KindOf<Args>()...};
+            constexpr std::array<detail::Kind, sizeof...(Args)> kinds{detail::KindOf<Args>()...};
             for (std::size_t i = 0; i < count; ++i) {
                 if (known[i] == name) return {i, kinds[i]};
             }

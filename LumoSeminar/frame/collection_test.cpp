@@ -1,0 +1,181 @@
+#include <LumoSeminar/frame/collection.h>
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include <test_support/raises.h>
+
+namespace LumoSeminar {
+namespace {
+
+class Thing final : public Object {
+  public:
+    explicit Thing(int number) : number_(number) { ++alive; }
+    ~Thing() override { --alive; }
+    int Number() const { return number_; }
+
+    static inline int alive = 0;
+
+  private:
+    int number_;
+};
+
+Ref<Collection<Thing>> Things(int count) {
+    auto things = New<Collection<Thing>>();
+    for (int i = 1; i <= count; ++i) things->Add(New<Thing>(i), std::to_string(i));
+    return things;
+}
+
+std::vector<int> Numbers(const Ref<Collection<Thing>>& things) {
+    std::vector<int> numbers;
+    for (const auto& thing : *things) numbers.push_back(thing->Number());
+    return numbers;
+}
+
+TEST(Collection, IsOrderedAndCountsFromOne) {
+    const auto things = Things(3);
+    EXPECT_EQ(things->Count(), 3);
+    EXPECT_EQ(things->Item(1)->Number(), 1);
+    EXPECT_EQ(things->Item(3)->Number(), 3);
+    EXPECT_EQ(Numbers(things), (std::vector{1, 2, 3}));
+}
+
+TEST(Collection, FindsByKeyAndByPositionOfAnyNumberType) {
+    const auto things = Things(3);
+    EXPECT_EQ(things->Item("2")->Number(), 2);
+    EXPECT_EQ(things->Item(Int16{2})->Number(), 2);
+    EXPECT_EQ(things->Item(2.5)->Number(), 2);
+    EXPECT_EQ(things->Item(Byte{1})->Number(), 1);
+}
+
+TEST(Collection, RaisesForWhatIsNotThere) {
+    const auto things = Things(2);
+    EXPECT_RAISES(5, things->Item("7"));
+    EXPECT_RAISES(5, things->Item(""));
+    EXPECT_RAISES(9, things->Item(0));
+    EXPECT_RAISES(9, things->Item(3));
+    EXPECT_RAISES(9, things->Item(-1));
+    EXPECT_RAISES(9, things->Item(Variant()));
+    EXPECT_RAISES(94, things->Item(Variant::Null()));
+    EXPECT_RAISES(13, things->Item(New<Thing>(1)));
+    EXPECT_RAISES(5, things->Remove("7"));
+    EXPECT_RAISES(9, things->Remove(3));
+    EXPECT_EQ(things->Count(), 2);
+}
+
+TEST(Collection, RefusesAKeyThatIsAlreadyThere) {
+    const auto things = Things(1);
+    EXPECT_RAISES(457, things->Add(New<Thing>(9), "1"));
+    EXPECT_EQ(Numbers(things), (std::vector{1}));
+    things->Add(New<Thing>(10), "A");
+    things->Add(New<Thing>(11), "a");
+    EXPECT_EQ(things->Item("a")->Number(), 11);
+}
+
+TEST(Collection, EntriesWithoutAKeyHaveAPositionOnly) {
+    const auto things = New<Collection<Thing>>();
+    const auto same = New<Thing>(1);
+    things->Add(same);
+    things->Add(same);
+    EXPECT_EQ(things->Count(), 2);
+    EXPECT_RAISES(5, things->Item("1"));
+    things->Remove(1);
+    EXPECT_EQ(things->Item(1), same);
+}
+
+TEST(Collection, AKeyIsFreeAgainAfterItsRemoval) {
+    const auto things = Things(2);
+    things->Remove("1");
+    things->Add(New<Thing>(3), "1");
+    EXPECT_EQ(Numbers(things), (std::vector{2, 3}));
+    things->Remove(1);
+    EXPECT_RAISES(5, things->Item("2"));
+}
+
+TEST(Collection, PositionsStayRightInAnyOrderOfAccess) {
+    const auto things = Things(50);
+    for (const int position : {1, 2, 3, 50, 49, 25, 24, 26, 1, 50, 10}) EXPECT_EQ(things->Item(position)->Number(), position);
+    things->Remove(10);
+    EXPECT_EQ(things->Item(10)->Number(), 11);
+    EXPECT_EQ(things->Item(49)->Number(), 50);
+    things->Add(New<Thing>(51), "51");
+    EXPECT_EQ(things->Item(50)->Number(), 51);
+}
+
+TEST(Collection, EntriesMayGoDuringAWalk) {
+    const auto things = Things(5);
+    std::vector<int> met;
+    for (const auto& thing : *things) {
+        met.push_back(thing->Number());
+        things->Remove(std::to_string(thing->Number()));
+    }
+    EXPECT_EQ(met, (std::vector{1, 2, 3, 4, 5}));
+    EXPECT_EQ(things->Count(), 0);
+}
+
+TEST(Collection, AWalkPassesOverEntriesRemovedAheadOfIt) {
+    const auto things = Things(5);
+    std::vector<int> met;
+    for (const auto& thing : *things) {
+        met.push_back(thing->Number());
+        if (thing->Number() == 2) {
+            things->Remove("2");
+            things->Remove("3");
+            things->Remove("1");
+        }
+    }
+    EXPECT_EQ(met, (std::vector{1, 2, 4, 5}));
+}
+
+TEST(Collection, AWalkMeetsEntriesAddedMeanwhile) {
+    const auto things = Things(2);
+    std::vector<int> met;
+    for (const auto& thing : *things) {
+        met.push_back(thing->Number());
+        if (thing->Number() == 2) {
+            things->Remove("2");
+            things->Add(New<Thing>(3), "3");
+        }
+    }
+    EXPECT_EQ(met, (std::vector{1, 2, 3}));
+}
+
+TEST(Collection, WalksDoNotDisturbEachOther) {
+    const auto things = Things(3);
+    std::vector<int> met;
+    for (const auto& outer : *things) {
+        for (const auto& inner : *things) met.push_back(outer->Number() * 10 + inner->Number());
+        if (outer->Number() == 1) things->Remove("3");
+    }
+    EXPECT_EQ(met, (std::vector{11, 12, 13, 21, 22}));
+}
+
+TEST(Enumerator, KeepsItsCollectionAlive) {
+    std::vector<int> met;
+    for (const auto& thing : Enumerator(Things(2))) met.push_back(thing->Number());
+    EXPECT_EQ(met, (std::vector{1, 2}));
+}
+
+TEST(Collection, SharesItsEntriesAndLetsThemGo) {
+    const int before = Thing::alive;
+    auto things = Things(3);
+    auto kept = things->Item(2);
+    EXPECT_EQ(kept.UseCount(), 2);
+    things->Remove(1);
+    EXPECT_EQ(Thing::alive - before, 2);
+    things.Reset();
+    EXPECT_EQ(Thing::alive - before, 1);
+    EXPECT_EQ(kept->Number(), 2);
+}
+
+TEST(Collection, HoldsManyEntries) {
+    constexpr int kMany = 100'000;
+    const auto things = Things(kMany);
+    for (int position = 1; position <= kMany; ++position) ASSERT_EQ(things->Item(position)->Number(), position);
+    for (const auto& thing : *things) things->Remove(std::to_string(thing->Number()));
+    EXPECT_EQ(things->Count(), 0);
+}
+
+}  // namespace
+}  // namespace LumoSeminar
