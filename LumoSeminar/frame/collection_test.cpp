@@ -95,7 +95,8 @@ TEST(Collection, AKeyIsFreeAgainAfterItsRemoval) {
 
 TEST(Collection, PositionsStayRightInAnyOrderOfAccess) {
     const auto things = Things(50);
-    for (const int position : {1, 2, 3, 50, 49, 25, 24, 26, 1, 50, 10}) EXPECT_EQ(things->Item(position)->Number(), position);
+    for (const int position : {1, 2, 3, 50, 49, 25, 24, 26, 1, 50, 10})
+        EXPECT_EQ(things->Item(position)->Number(), position);
     things->Remove(10);
     EXPECT_EQ(things->Item(10)->Number(), 11);
     EXPECT_EQ(things->Item(49)->Number(), 50);

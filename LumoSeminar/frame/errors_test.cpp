@@ -30,22 +30,26 @@ TEST(Error, WithoutSourceCarriesTheLibrarysName) {
 }
 
 TEST(Error, EachNumberHasAPlainDescription) {
-    EXPECT_EQ(test_support::RaisedBy([]() -> int { RaiseOverflow(); })->Description(), "Overflow: the value does not fit the type.");
-    EXPECT_EQ(test_support::RaisedBy([]() -> int { RaiseEmptyReference(); })->Description(), "An empty reference was used as an object.");
+    EXPECT_EQ(test_support::RaisedBy([]() -> int { RaiseOverflow(); })->Description(),
+              "Overflow: the value does not fit the type.");
+    EXPECT_EQ(test_support::RaisedBy([]() -> int { RaiseEmptyReference(); })->Description(),
+              "An empty reference was used as an object.");
     EXPECT_EQ(test_support::RaisedBy([]() -> int { RaiseInvalidUseOfNull(); })->Description(), "Invalid use of Null.");
     EXPECT_EQ(test_support::RaisedBy([]() -> int { RaiseTypeMismatch("the text", "Int32"); })->Description(),
               "Type mismatch: the text is not a value of type Int32.");
 }
 
 TEST(FirstForm, AddsALineBreakAndTheLabel) {
-    const Error error = Passed([] { throw Error(6, "Text", "driver"); }, [] { RaiseLabelled(" LumoSeminar062.clsSeminar.Init"); });
+    const Error error =
+        Passed([] { throw Error(6, "Text", "driver"); }, [] { RaiseLabelled(" LumoSeminar062.clsSeminar.Init"); });
     EXPECT_EQ(error.Number(), 6);
     EXPECT_EQ(error.Source(), "driver");
     EXPECT_EQ(error.Description(), "Text\r\n LumoSeminar062.clsSeminar.Init");
 }
 
 TEST(FirstForm, TakesAnAdditionBehindTheLabel) {
-    const Error error = Passed([] { throw Error(91, "Text"); }, [] { RaiseLabelled("label", "\r\nADO-Fehlermeldung: Ü"); });
+    const Error error =
+        Passed([] { throw Error(91, "Text"); }, [] { RaiseLabelled("label", "\r\nADO-Fehlermeldung: Ü"); });
     EXPECT_EQ(error.Description(), "Text\r\nlabel\r\nADO-Fehlermeldung: Ü");
 }
 

@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <LumoSeminar/frame/text_form.h>
 #include <test_support/comma_locale.h>
 #include <test_support/raises.h>
-#include <LumoSeminar/frame/text_form.h>
 
 namespace LumoSeminar {
 namespace {
@@ -17,9 +17,19 @@ TEST(Money, TextFormHasUpToFourDecimalsAndNoTrailingZeros) {
         std::int64_t units;
         const char* text;
     } cases[] = {
-        {0, "0"},          {10'000, "1"},   {-10'000, "-1"},        {1'205'000, "120.5"}, {1, "0.0001"},
-        {-1, "-0.0001"},   {10, "0.001"},   {100, "0.01"},          {1'000, "0.1"},       {12'345, "1.2345"},
-        {999'999, "99.9999"}, {-5'000, "-0.5"}, {1'234'567'890'000, "123456789"},
+        {0, "0"},
+        {10'000, "1"},
+        {-10'000, "-1"},
+        {1'205'000, "120.5"},
+        {1, "0.0001"},
+        {-1, "-0.0001"},
+        {10, "0.001"},
+        {100, "0.01"},
+        {1'000, "0.1"},
+        {12'345, "1.2345"},
+        {999'999, "99.9999"},
+        {-5'000, "-0.5"},
+        {1'234'567'890'000, "123456789"},
     };
     for (const auto& c : cases) EXPECT_EQ(DefaultText(Money::FromUnits(c.units)), c.text);
 }

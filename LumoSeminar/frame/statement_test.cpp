@@ -20,8 +20,9 @@ struct Row {
 };
 
 constexpr Column<Row> kColumns[] = {
-    {"Key", &Row::Key},   {"Flag", &Row::Flag, -1}, {"Kind", &Row::Kind, 2},  {"Hours", &Row::Hours, 8}, {"Amount", &Row::Amount},
-    {"Cost", &Row::Cost}, {"Day", &Row::Day},       {"Open", &Row::Open},     {"Title", &Row::Title, "<neu>"},
+    {"Key", &Row::Key},        {"Flag", &Row::Flag, -1}, {"Kind", &Row::Kind, 2},
+    {"Hours", &Row::Hours, 8}, {"Amount", &Row::Amount}, {"Cost", &Row::Cost},
+    {"Day", &Row::Day},        {"Open", &Row::Open},     {"Title", &Row::Title, "<neu>"},
 };
 
 TEST(Statement, WritesEachTypeByItsRule) {
@@ -45,7 +46,8 @@ TEST(Statement, ReplacesTheCommaOfNumbersByAPointUnlessAskedForTheText) {
 
 TEST(Statement, PutsTheWordInPlaceOfNothing) {
     constexpr Statement statement(
-        kColumns, "{Key or NUll} {Hours or 8} {Amount or NULL} {Cost or Null} {Day:'dd.mm.yyyy' or Null} '{Title or <neues Seminar>}' {Title:'text' or NULL}");
+        kColumns,
+        "{Key or NUll} {Hours or 8} {Amount or NULL} {Cost or Null} {Day:'dd.mm.yyyy' or Null} '{Title or <neues Seminar>}' {Title:'text' or NULL}");
     Row row;
     EXPECT_EQ(statement(row), "NUll 8 NULL Null Null '<neues Seminar>' NULL");
     row = {1, 0, 0, 0.5, 1.5f, Money(2), DateTime::Of(2010, 3, 2), false, "A"};
@@ -53,10 +55,9 @@ TEST(Statement, PutsTheWordInPlaceOfNothing) {
 }
 
 TEST(Statement, FormatsMoments) {
-    constexpr Statement statement(
-        kColumns,
-        "Convert(Datetime,'{Day:dd.mm.yyyy}',104) {Day:Convert(Datetime,'30.12.1899 hh:nn',104) or Null} '30.12.1899 {Day:hh:mm}' "
-        "'{Day:dd.mm.yyyy hh:nn:ss}' {Day:yyyymmdd} {Day:text}");
+    constexpr Statement statement(kColumns,
+                                  "Convert(Datetime,'{Day:dd.mm.yyyy}',104) {Day:Convert(Datetime,'30.12.1899 hh:nn',104) or Null} '30.12.1899 {Day:hh:mm}' "
+                                  "'{Day:dd.mm.yyyy hh:nn:ss}' {Day:yyyymmdd} {Day:text}");
     Row row;
     row.Day = DateTime::Of(2010, 3, 2, 7, 5, 9);
     EXPECT_EQ(statement(row),

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <test_support/comma_locale.h>
 #include <LumoSeminar/frame/error_list.h>
+#include <test_support/comma_locale.h>
 #include <test_support/raises.h>
 
 namespace LumoSeminar {
@@ -14,10 +14,18 @@ TEST(Variant, HoldsEachType) {
         Variant value;
         const char* type;
     } cases[] = {
-        {{}, "Empty"},         {Variant::Null(), "Null"},        {true, "Bool"},
-        {Byte{1}, "Byte"},     {Int16{1}, "Int16"},              {1, "Int32"},
-        {1.0f, "Single"},      {1.0, "Double"},                  {Money(1), "Money"},
-        {DateTime(1), "DateTime"}, {"Ü", "Text"},                {Text("x"), "Text"},
+        {{}, "Empty"},
+        {Variant::Null(), "Null"},
+        {true, "Bool"},
+        {Byte{1}, "Byte"},
+        {Int16{1}, "Int16"},
+        {1, "Int32"},
+        {1.0f, "Single"},
+        {1.0, "Double"},
+        {Money(1), "Money"},
+        {DateTime(1), "DateTime"},
+        {"Ü", "Text"},
+        {Text("x"), "Text"},
         {New<colErrorMsg>(), "Object"},
     };
     for (const auto& c : cases) EXPECT_EQ(c.value.TypeName(), c.type);
