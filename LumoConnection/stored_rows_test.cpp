@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <initializer_list>
+#include <limits>
 #include <string>
 
 namespace LumoConnection {
@@ -63,7 +65,7 @@ TEST(StoredRowsTest, IsWalkedForward) {
     StoredRows rows(Names({"SemID", "SemTitel"}));
     for (Int32 key = 1; key <= 3; ++key) {
         rows.Append(key);
-        rows.Append("Titel " + std::to_string(key));
+        rows.Append(Variant("Titel " + std::to_string(key)));
     }
     EXPECT_FALSE(rows.Bof());
     Int32 key = 1;

@@ -13,6 +13,8 @@ std::optional<Error> ErrorOf(const Run& run, const Ref<DataSession>& session) {
         return error;
     } catch (const std::exception& other) {
         return Error(ErrorNumber::kForeignException, other.what());
+    } catch (...) {
+        return Error(ErrorNumber::kForeignException, "An exception of an unknown type was thrown.");
     }
 }
 

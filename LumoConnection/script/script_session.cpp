@@ -78,8 +78,7 @@ class ScriptConnection final : public Connection {
     }
 
     Ref<RecordSet> Execute(const Text& sql, Int32 options) override {
-        return New<ScriptRows>(state_,
-                               state_->Answer({CallKind::kConnectionExecute, {sql, std::to_string(options)}}));
+        return New<ScriptRows>(state_, state_->Answer({CallKind::kConnectionExecute, {sql, std::to_string(options)}}));
     }
 
   private:
@@ -152,9 +151,8 @@ void ScriptStep::Raises(Int32 number, Text description, Text source) const {
 RowsStep RowsStep::Rows(std::vector<std::string> columns, std::vector<std::vector<Variant>> rows) const {
     for (const std::vector<Variant>& row : rows) {
         if (row.size() == columns.size()) continue;
-        Raise(ScriptError::kBadScript, "A row of step " + std::to_string(data_->number) + " has " +
-                                           std::to_string(row.size()) + " values for " +
-                                           std::to_string(columns.size()) + " columns.");
+        Raise(ScriptError::kBadScript, "A row of step " + std::to_string(data_->number) + " has " + std::to_string(row.size()) +
+                                           " values for " + std::to_string(columns.size()) + " columns.");
     }
     data_->outcome = Outcome::kOk;
     data_->columns = std::move(columns);
@@ -188,24 +186,21 @@ Script::Script(Script&&) noexcept = default;
 Script& Script::operator=(Script&&) noexcept = default;
 
 StatementStep Script::Connect(Text connection_text, Text user, Text password, Int32 timeout) {
-    return StatementStep(
-        state_->Append(CallKind::kConnect, {std::move(connection_text), std::move(user), std::move(password),
-                                            std::to_string(timeout)}));
+    return StatementStep(state_->Append(
+        CallKind::kConnect, {std::move(connection_text), std::move(user), std::move(password), std::to_string(timeout)}));
 }
 SelectStep Script::OpenSelect(Text sql) { return SelectStep(state_->Append(CallKind::kOpenSelect, {std::move(sql)})); }
 StatementStep Script::ExecuteSql(Text sql) {
     return StatementStep(state_->Append(CallKind::kExecuteSql, {std::move(sql)}));
 }
 LookupStep Script::LookupValue(Text expression, Text table, Text where) {
-    return LookupStep(
-        state_->Append(CallKind::kLookupValue, {std::move(expression), std::move(table), std::move(where)}));
+    return LookupStep(state_->Append(CallKind::kLookupValue, {std::move(expression), std::move(table), std::move(where)}));
 }
 AdoConnectionStep Script::AdoConnection() { return AdoConnectionStep(state_->Append(CallKind::kAdoConnection, {})); }
 StateStep Script::ConnectionState() { return StateStep(state_->Append(CallKind::kConnectionState, {})); }
 ConnectionOpenStep Script::ConnectionOpen(Text connection_text, Text user, Text password, Int32 options) {
-    return ConnectionOpenStep(
-        state_->Append(CallKind::kConnectionOpen, {std::move(connection_text), std::move(user), std::move(password),
-                                                   std::to_string(options)}));
+    return ConnectionOpenStep(state_->Append(CallKind::kConnectionOpen, {std::move(connection_text), std::move(user),
+                                                                         std::move(password), std::to_string(options)}));
 }
 RowsStep Script::ConnectionExecute(Text sql, Int32 options) {
     return RowsStep(state_->Append(CallKind::kConnectionExecute, {std::move(sql), std::to_string(options)}));

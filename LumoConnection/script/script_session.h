@@ -42,7 +42,8 @@ struct ScriptStepData;
 enum class FailureMode {
     /// OpenSelect, ExecuteSql and Connect give false and LookupValue Null, with the LastErrorText "refused at step N".
     /// AdoConnection gives a connection that is closed and stays so, State gives 0, Open leaves the connection closed.
-    /// Execute, which knows no refusal, raises kStepFailed with the text "refused at step N". Close succeeds.
+    /// Execute, which knows no refusal, raises kStepFailed with the text "refused at step N". Close cannot fail
+    /// like that.
     kNotOk,
     /// Raises kStepFailed, "raised at step N".
     kRaises,
@@ -156,8 +157,8 @@ class CloseStep : public ScriptStep {
 /// The calls that a session is to receive, in order, and its answers.
 ///
 /// Each call is compared with the next step, texts byte by byte. One that differs, or that comes behind the last step,
-/// raises kUnexpectedCall, and so does every call from then on, whatever it is; Report() tells about it even where
-/// the program swallows the error.
+/// raises kUnexpectedCall, and so does every call from then on except LastErrorText; Report() tells about it even
+/// where the program swallows the error.
 ///
 /// Not steps, and allowed at any time: Recordset, LastErrorText, and State of a connection where the next step is no
 /// ConnectionState. Steps like all others: Open and Close. A program that closes a row set needs a CloseRows at that

@@ -49,7 +49,9 @@ std::string CallText(const ScriptCall& call) {
     };
     switch (call.kind) {
         case CallKind::kOpenSelect:
-        case CallKind::kExecuteSql: append(": ", arguments[0]); break;
+        case CallKind::kExecuteSql:
+            append(": ", arguments[0]);
+            break;
         case CallKind::kLookupValue:
             append(": ", arguments[0]);
             append(" from ", arguments[1]);
@@ -71,9 +73,12 @@ std::string CallText(const ScriptCall& call) {
             append(": ", arguments[0]);
             if (arguments[1] != std::to_string(Connection::kNoOptions)) append(", options ", arguments[1]);
             break;
-        case CallKind::kCloseRows: append(" of step ", arguments[0]); break;
+        case CallKind::kCloseRows:
+            append(" of step ", arguments[0]);
+            break;
         case CallKind::kAdoConnection:
-        case CallKind::kConnectionState: break;
+        case CallKind::kConnectionState:
+            break;
     }
     return text;
 }
@@ -138,7 +143,7 @@ ScriptStepData ScriptState::Answer(const ScriptCall& call) {
     if (found) {
         step = steps_[*found];
         next_ = *found + 1;
-        if (!Lenient() && step.number == failing_step_) {
+        if (step.number == failing_step_) {
             calls_at_failure_ = calls_.size();
             const bool raises = failure_mode_ == FailureMode::kRaises;
             step.outcome = raises ? Outcome::kRaises : Outcome::kRefused;
@@ -174,12 +179,17 @@ ScriptStepData ScriptState::Deliver(ScriptStepData step) {
             connection_state = std::max(step.state, Int32{0});
             connection_stays_closed = refused;
             break;
-        case CallKind::kConnectionState: connection_state = refused ? 0 : step.state; break;
-        case CallKind::kConnectionOpen: connection_state = refused ? 0 : step.state; break;
+        case CallKind::kConnectionState:
+            connection_state = refused ? 0 : step.state;
+            break;
+        case CallKind::kConnectionOpen:
+            connection_state = refused ? 0 : step.state;
+            break;
         case CallKind::kConnectionExecute:
             if (refused) throw Error(ScriptError::kStepFailed, step.failure, std::string(kScript));
             break;
-        case CallKind::kCloseRows: break;
+        case CallKind::kCloseRows:
+            break;
     }
     return step;
 }
@@ -223,7 +233,8 @@ std::string ScriptState::Report() const {
         report += "Calls refused from then on:\n";
         const std::size_t shown = std::min(refused_calls_.size(), kMostRefusedCallsShown);
         for (std::size_t i = 0; i < shown; ++i) report += "  " + refused_calls_[i] + "\n";
-        if (shown < refused_calls_.size()) report += "  and " + std::to_string(refused_calls_.size() - shown) + " more\n";
+        if (shown < refused_calls_.size())
+            report += "  and " + std::to_string(refused_calls_.size() - shown) + " more\n";
     }
     if (Lenient()) return report;
     const std::size_t left = next_ + (difference_.empty() || next_ == steps_.size() ? 0 : 1);

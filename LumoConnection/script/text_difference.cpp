@@ -75,10 +75,18 @@ std::string OnOneLine(std::string_view text) {
         }
         const char c = text[at];
         switch (c) {
-            case '\r': line += "\\r"; break;
-            case '\n': line += "\\n"; break;
-            case '\t': line += "\\t"; break;
-            case '\\': line += "\\\\"; break;
+            case '\r':
+                line += "\\r";
+                break;
+            case '\n':
+                line += "\\n";
+                break;
+            case '\t':
+                line += "\\t";
+                break;
+            case '\\':
+                line += "\\\\";
+                break;
             default:
                 if (length == 0 || ByteAt(text, at) < 0x20 || c == 0x7F) {
                     AppendByte(line, ByteAt(text, at));

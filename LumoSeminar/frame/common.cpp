@@ -54,17 +54,9 @@ Bool OpenADOConnection(const Ref<Connection>& connection) try {
     RaiseLabelled("LumoSeminar.common.OpenADOConnection");
 }
 
-Text FormatDatum(DateTime date) {
-    Text text;
-    AppendDate(text, date);
-    return text;
-}
+Text FormatDatum(DateTime date) { return DateText(date); }
 
-Text FormatDatumZeit(DateTime moment) {
-    Text text;
-    AppendMoment(text, moment);
-    return text;
-}
+Text FormatDatumZeit(DateTime moment) { return MomentText(moment); }
 
 Ref<InfoDispatcher> GetInfoDispatcher(Int32 module_number, Int32 key, Int32 client, Int32 person) {
     auto& cached = State().g_objInfoDispatcher;

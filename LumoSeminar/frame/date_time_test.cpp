@@ -12,18 +12,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-Text Clock(DateTime moment) {
-    Text text;
-    AppendClock(text, moment);
-    return text;
-}
-
-Text CompactDate(DateTime moment) {
-    Text text;
-    AppendCompactDate(text, moment);
-    return text;
-}
-
 TEST(DateTime, CountsDaysFromTheBaseDate) {
     const struct {
         Double days;
@@ -134,12 +122,12 @@ TEST(DateTime, FormatsEveryMinuteOfADay) {
             char clock[8];
             std::snprintf(clock, sizeof clock, "%02d:%02d", minute / 60, minute % 60);
             const DateTime moment = midnight.AddMinutes(minute);
-            ASSERT_EQ(Clock(moment), clock) << day;
+            ASSERT_EQ(ClockText(moment), clock) << day;
             ASSERT_EQ(common::FormatDatumZeit(moment), Text(day) + " " + clock + ":00");
             // The same from a plain number of days.
             const Double fraction = minute / 1440.0;
             const Double days = midnight.Days() < 0 ? midnight.Days() - fraction : midnight.Days() + fraction;
-            ASSERT_EQ(Clock(DateTime(days)), clock) << day;
+            ASSERT_EQ(ClockText(DateTime(days)), clock) << day;
         }
     }
 }
@@ -149,9 +137,9 @@ TEST(DateTime, FormatsSecondsAndCutsWhatIsSmaller) {
     const DateTime just_before(DateTime::Of(2010, 3, 2).Date(), 23h + 59min + 59s + 997ms);
     EXPECT_EQ(common::FormatDatumZeit(just_before), "02.03.2010 23:59:59");
     EXPECT_EQ(common::FormatDatum(just_before), "02.03.2010");
-    EXPECT_EQ(Clock(just_before), "23:59");
-    EXPECT_EQ(CompactDate(just_before), "20100302");
-    EXPECT_EQ(CompactDate(DateTime::Of(100, 1, 1)), "01000101");
+    EXPECT_EQ(ClockText(just_before), "23:59");
+    EXPECT_EQ(CompactDateText(just_before), "20100302");
+    EXPECT_EQ(CompactDateText(DateTime::Of(100, 1, 1)), "01000101");
 }
 
 TEST(DateTime, DefaultTextLeavesOutMidnightAndTheBaseDate) {

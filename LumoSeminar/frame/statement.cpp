@@ -2,20 +2,44 @@
 
 #include <algorithm>
 
-#include <LumoSeminar/frame/text_form.h>
+#include <LumoSeminar/frame/text_writer.h>
 
 namespace LumoSeminar::detail {
 namespace {
 
-// The default text form with every comma replaced by a point.
+char* Put(char* to, std::string_view text) {
+    // Most pieces between two slots are a comma, which is not worth a call.
+    if (text.size() == 1) {
+        *to = text.front();
+    } else {
+        text.copy(to, text.size());
+    }
+    return to + text.size();
+}
+
+// The default text form with every comma replaced by a point, or as it comes.
 template <class T>
-void AppendWithPoint(Text& to, T value) {
-    const std::size_t start = to.size();
-    AppendDefault(to, value);
-    std::replace(to.begin() + static_cast<std::ptrdiff_t>(start), to.end(), ',', '.');
+char* PutDecimal(char* to, T value, bool as_it_comes) {
+    char* const end = text_writer::WriteDefault(to, value);
+    if (!as_it_comes) std::replace(to, end, ',', '.');
+    return end;
 }
 
 }  // namespace
+
+std::size_t StatementText::MostCharacters(const SlotValue& value) {
+    switch (value.kind_) {
+        case Kind::kInt32:
+        case Kind::kInt16:
+        case Kind::kByte:
+        case Kind::kBool:
+            return text_writer::kMostOfInt32;
+        case Kind::kText:
+            return value.text_.size();
+        default:
+            return text_writer::kMostCharacters;
+    }
+}
 
 bool StatementText::IsNothing(const SlotValue& value) {
     switch (value.kind_) {
@@ -32,66 +56,65 @@ bool StatementText::IsNothing(const SlotValue& value) {
     }
 }
 
-void StatementText::AppendValue(Text& to, Form form, const SlotValue& value) {
+char* StatementText::WriteValue(char* to, Form form, const SlotValue& value) {
     switch (value.kind_) {
         case Kind::kInt32:
         case Kind::kInt16:
         case Kind::kByte:
         case Kind::kBool:
-            AppendNumber(to, value.integer_);
-            return;
+            return text_writer::WriteNumber(to, static_cast<Int32>(value.integer_));
         case Kind::kText:
-            to += value.text_;
-            return;
+            return Put(to, value.text_);
         case Kind::kDouble:
-            return form == Form::kText ? AppendDefault(to, value.real_) : AppendWithPoint(to, value.real_);
+            return PutDecimal(to, value.real_, form == Form::kText);
         case Kind::kSingle:
-            return form == Form::kText ? AppendDefault(to, value.single_) : AppendWithPoint(to, value.single_);
-        case Kind::kMoney: {
-            const Money money = Money::FromUnits(value.integer_);
-            return form == Form::kText ? AppendDefault(to, money) : AppendWithPoint(to, money);
-        }
+            return PutDecimal(to, value.single_, form == Form::kText);
+        case Kind::kMoney:
+            return PutDecimal(to, Money::FromUnits(value.integer_), form == Form::kText);
         case Kind::kDateTime:
-            switch (form) {
-                case Form::kMoment:
-                    return AppendMoment(to, value.moment_);
-                case Form::kDate:
-                    return AppendDate(to, value.moment_);
-                case Form::kCompactDate:
-                    return AppendCompactDate(to, value.moment_);
-                case Form::kClock:
-                    return AppendClock(to, value.moment_);
-                case Form::kText:
-                case Form::kByType:
-                    return AppendDefault(to, value.moment_);
-            }
+            break;
     }
+    switch (form) {
+        case Form::kMoment:
+            return text_writer::WriteMoment(to, value.moment_);
+        case Form::kDate:
+            return text_writer::WriteDate(to, value.moment_);
+        case Form::kCompactDate:
+            return text_writer::WriteCompactDate(to, value.moment_);
+        case Form::kClock:
+            return text_writer::WriteClock(to, value.moment_);
+        case Form::kText:
+        case Form::kByType:
+            break;
+    }
+    return text_writer::WriteDefault(to, value.moment_);
 }
 
 Text StatementText::Write(const SlotValue* values) const {
-    constexpr std::size_t kRoomForANumber = 12;
-    std::size_t room = text_.size() + count_ * kRoomForANumber;
-    for (std::size_t i = 0; i < count_; ++i) {
-        const SlotValue& value = values[slots_[i].value];
-        if (value.kind_ == Kind::kText) room += value.text_.size();
-    }
-    Text statement;
-    statement.reserve(room);
+    // Room for everything, so that each piece is only copied.
+    std::size_t room = text_.size();
+    for (std::size_t i = 0; i < count_; ++i) room += MostCharacters(values[slots_[i].value]);
+    Text statement(room, '\0');
+    char* to = statement.data();
     std::size_t at = 0;
     for (std::size_t i = 0; i < count_; ++i) {
         const Slot& slot = slots_[i];
         const SlotValue& value = values[slot.value];
-        statement.append(text_, at, slot.whole.from - at);
+        to = Put(to, text_.substr(at, slot.whole.from - at));
         at = slot.whole.to;
         if (slot.has_word && IsNothing(value)) {
-            statement.append(Cut(slot.word));
-            continue;
+            to = Put(to, Cut(slot.word));
+        } else if (slot.form == Form::kByType) {
+            to = WriteValue(to, slot.form, value);
+        } else {
+            to = Put(to, Cut(slot.before));
+            to = WriteValue(to, slot.form, value);
+            to = Put(to, Cut(slot.after));
         }
-        statement.append(Cut(slot.before));
-        AppendValue(statement, slot.form, value);
-        statement.append(Cut(slot.after));
     }
-    return statement.append(text_, at);
+    to = Put(to, text_.substr(at));
+    statement.resize(static_cast<std::size_t>(to - statement.data()));
+    return statement;
 }
 
 }  // namespace LumoSeminar::detail

@@ -170,8 +170,9 @@ class StatementText {
     }
 
     constexpr std::string_view Cut(Part part) const { return text_.substr(part.from, part.to - part.from); }
+    static std::size_t MostCharacters(const SlotValue& value);
     static bool IsNothing(const SlotValue& value);
-    static void AppendValue(Text& to, Form form, const SlotValue& value);
+    static char* WriteValue(char* to, Form form, const SlotValue& value);
 
     std::string_view text_;
     std::array<Slot, kMostSlots> slots_{};

@@ -5,119 +5,15 @@
 #include <charconv>
 #include <locale>
 
+#include <LumoSeminar/frame/text_writer.h>
+
 namespace LumoSeminar {
 namespace {
 
-// A finite number as 0.d1d2d3... times ten to the exponent, without trailing zeros.
-struct Decimal {
-    bool negative = false;
-    std::array<char, 20> digits{};
-    int count = 0;
-    int exponent = 0;
-};
-
-template <std::floating_point F>
-Decimal Round(F value, int significant) {
-    std::array<char, 40> scientific;
-    const auto end = std::to_chars(scientific.data(), scientific.data() + scientific.size(), value,
-                                   std::chars_format::scientific, significant - 1)
-                         .ptr;
-    Decimal result;
-    const char* at = scientific.data();
-    if (*at == '-') {
-        result.negative = true;
-        ++at;
-    }
-    const char* e = std::find(at, static_cast<const char*>(end), 'e');
-    for (; at != e; ++at) {
-        if (*at != '.') result.digits[static_cast<std::size_t>(result.count++)] = *at;
-    }
-    while (result.count > 0 && result.digits[static_cast<std::size_t>(result.count - 1)] == '0') --result.count;
-    ++e;
-    if (*e == '+') ++e;
-    std::from_chars(e, end, result.exponent);
-    ++result.exponent;
-    return result;
-}
-
-template <std::floating_point F>
-void AppendFloating(Text& to, F value) {
-    constexpr int significant = std::same_as<F, Single> ? 7 : 15;
-    constexpr F limit = std::same_as<F, Single> ? F(1e7) : F(1e15);
-    if (!std::isfinite(value)) RaiseOverflow();
-    if (std::fabs(value) < limit && std::trunc(value) == value) {
-        AppendNumber(to, static_cast<std::int64_t>(value));
-        return;
-    }
-    const Decimal number = Round(value, significant);
-    const std::string_view digits(number.digits.data(), static_cast<std::size_t>(number.count));
-    if (number.negative) to += '-';
-    const int behind = number.count - number.exponent;
-    if (number.exponent > significant || behind > significant) {
-        to += digits[0];
-        if (digits.size() > 1) {
-            to += DecimalSeparator();
-            to += digits.substr(1);
-        }
-        const int power = number.exponent - 1;
-        to += power < 0 ? "E-" : "E+";
-        if (std::abs(power) < 10) to += '0';
-        AppendNumber(to, std::abs(power));
-    } else if (number.exponent <= 0) {
-        to += '0';
-        to += DecimalSeparator();
-        to.append(static_cast<std::size_t>(-number.exponent), '0');
-        to += digits;
-    } else if (behind <= 0) {
-        to += digits;
-        to.append(static_cast<std::size_t>(-behind), '0');
-    } else {
-        to += digits.substr(0, static_cast<std::size_t>(number.exponent));
-        to += DecimalSeparator();
-        to += digits.substr(static_cast<std::size_t>(number.exponent));
-    }
-}
-
-void AppendPadded(Text& to, int value, int width) {
-    std::array<char, 12> digits;
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
-    const auto length = end - digits.data();
-    if (length < width) to.append(static_cast<std::size_t>(width - length), '0');
-    to.append(digits.data(), end);
-}
-
-struct Civil {
-    explicit Civil(DateTime moment)
-        : date(moment.Date()), time(std::chrono::floor<std::chrono::seconds>(moment.Time())) {}
-    int Year() const { return static_cast<int>(date.year()); }
-    int Month() const { return static_cast<int>(static_cast<unsigned>(date.month())); }
-    int Day() const { return static_cast<int>(static_cast<unsigned>(date.day())); }
-    int Hour() const { return static_cast<int>(time.count() / 3600); }
-    int Minute() const { return static_cast<int>(time.count() / 60 % 60); }
-    int Second() const { return static_cast<int>(time.count() % 60); }
-
-    std::chrono::year_month_day date;
-    std::chrono::seconds time;
-};
-
-void AppendDate(Text& to, const Civil& civil) {
-    AppendPadded(to, civil.Day(), 2);
-    to += '.';
-    AppendPadded(to, civil.Month(), 2);
-    to += '.';
-    AppendPadded(to, civil.Year(), 4);
-}
-
-void AppendClock(Text& to, const Civil& civil) {
-    AppendPadded(to, civil.Hour(), 2);
-    to += ':';
-    AppendPadded(to, civil.Minute(), 2);
-}
-
-void AppendClockWithSeconds(Text& to, const Civil& civil) {
-    AppendClock(to, civil);
-    to += ':';
-    AppendPadded(to, civil.Second(), 2);
+template <class Write>
+Text Written(Write write) {
+    std::array<char, text_writer::kMostCharacters> buffer;
+    return {buffer.data(), write(buffer.data())};
 }
 
 std::string_view Trim(std::string_view text) {
@@ -186,87 +82,53 @@ bool EqualsWithoutCase(std::string_view text, std::string_view lower) {
 
 }  // namespace
 
-char DecimalSeparator() { return std::use_facet<std::numpunct<char>>(std::locale()).decimal_point(); }
-
-void AppendNumber(Text& to, std::int64_t value) {
-    std::array<char, 20> digits;
-    to.append(digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr);
-}
-
-void AppendDefault(Text& to, Double value) { AppendFloating(to, value); }
-void AppendDefault(Text& to, Single value) { AppendFloating(to, value); }
-
-void AppendDefault(Text& to, Money value) {
-    constexpr auto kWhole = static_cast<std::uint64_t>(Money::kUnitsPerWhole);
-    const bool negative = value.Units() < 0;
-    const auto units = negative ? 0 - static_cast<std::uint64_t>(value.Units()) : static_cast<std::uint64_t>(value.Units());
-    if (negative) to += '-';
-    AppendNumber(to, static_cast<std::int64_t>(units / kWhole));
-    auto rest = static_cast<int>(units % kWhole);
-    if (rest == 0) return;
-    int width = 4;
-    for (; rest % 10 == 0; rest /= 10) --width;
-    to += DecimalSeparator();
-    AppendPadded(to, rest, width);
-}
-
-void AppendDefault(Text& to, DateTime value) {
-    const Civil civil(value);
-    const bool time_only = !value.DatePart();
-    if (!time_only) AppendDate(to, civil);
-    if (civil.time.count() == 0 && !time_only) return;
-    if (!time_only) to += ' ';
-    AppendClockWithSeconds(to, civil);
+char DecimalSeparator() {
+    // Looking a facet up costs more than the number it is for; locales are compared by address.
+    thread_local std::locale known = std::locale::classic();
+    thread_local char separator = '.';
+    if (const std::locale current; !(current == known)) {
+        separator = std::use_facet<std::numpunct<char>>(current).decimal_point();
+        known = current;
+    }
+    return separator;
 }
 
 Text DefaultText(Int32 value) {
-    Text text;
-    AppendNumber(text, value);
-    return text;
+    return Written([=](char* to) { return text_writer::WriteNumber(to, value); });
 }
 
 Text DefaultText(Double value) {
-    Text text;
-    AppendDefault(text, value);
-    return text;
+    return Written([=](char* to) { return text_writer::WriteDefault(to, value); });
 }
 
 Text DefaultText(Single value) {
-    Text text;
-    AppendDefault(text, value);
-    return text;
+    return Written([=](char* to) { return text_writer::WriteDefault(to, value); });
 }
 
 Text DefaultText(Money value) {
-    Text text;
-    AppendDefault(text, value);
-    return text;
+    return Written([=](char* to) { return text_writer::WriteDefault(to, value); });
 }
 
 Text DefaultText(DateTime value) {
-    Text text;
-    AppendDefault(text, value);
-    return text;
+    return Written([=](char* to) { return text_writer::WriteDefault(to, value); });
 }
 
 Text DefaultText(Bool value) { return value ? "True" : "False"; }
 
-void AppendDate(Text& to, DateTime value) { AppendDate(to, Civil(value)); }
-
-void AppendClock(Text& to, DateTime value) { AppendClock(to, Civil(value)); }
-
-void AppendMoment(Text& to, DateTime value) {
-    const Civil civil(value);
-    AppendDate(to, civil);
-    to += ' ';
-    AppendClockWithSeconds(to, civil);
+Text DateText(DateTime value) {
+    return Written([=](char* to) { return text_writer::WriteDate(to, value); });
 }
 
-void AppendCompactDate(Text& to, DateTime value) {
-    const Civil civil(value);
-    AppendPadded(to, civil.Year(), 4);
-    AppendPadded(to, civil.Month(), 2);
-    AppendPadded(to, civil.Day(), 2);
+Text ClockText(DateTime value) {
+    return Written([=](char* to) { return text_writer::WriteClock(to, value); });
+}
+
+Text MomentText(DateTime value) {
+    return Written([=](char* to) { return text_writer::WriteMoment(to, value); });
+}
+
+Text CompactDateText(DateTime value) {
+    return Written([=](char* to) { return text_writer::WriteCompactDate(to, value); });
 }
 
 Text KeyText(Int32 key) {

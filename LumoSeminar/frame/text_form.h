@@ -20,21 +20,15 @@ Text DefaultText(DateTime value);
 /// "True" or "False".
 Text DefaultText(Bool value);
 
-void AppendNumber(Text& to, std::int64_t value);
-void AppendDefault(Text& to, Double value);
-void AppendDefault(Text& to, Single value);
-void AppendDefault(Text& to, Money value);
-void AppendDefault(Text& to, DateTime value);
-
 // Formats of the statements.
 /// "dd.mm.yyyy"
-void AppendDate(Text& to, DateTime value);
+Text DateText(DateTime value);
 /// "hh:nn", 24-hour clock; whole minutes, cut.
-void AppendClock(Text& to, DateTime value);
+Text ClockText(DateTime value);
 /// "dd.mm.yyyy hh:nn:ss"; whole seconds, cut.
-void AppendMoment(Text& to, DateTime value);
+Text MomentText(DateTime value);
 /// "yyyymmdd"
-void AppendCompactDate(Text& to, DateTime value);
+Text CompactDateText(DateTime value);
 
 /// Ten digits, padded with zeros: the key of an entry in most lists.
 Text KeyText(Int32 key);

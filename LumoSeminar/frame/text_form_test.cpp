@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <random>
+
 #include <test_support/comma_locale.h>
 #include <test_support/raises.h>
 
@@ -59,6 +62,29 @@ TEST(DefaultText, OfSingleHasUpTo7Digits) {
         {1e-8f, "1E-08"},
     };
     for (const auto& c : cases) EXPECT_EQ(DefaultText(c.value), c.text);
+}
+
+TEST(DefaultText, AgreesWithRoundingTo15And7DigitsOverManyValues) {
+    std::mt19937_64 random(20100302);
+    std::uniform_real_distribution<Double> mantissa(-1, 1);
+    for (int i = 0; i < 200'000; ++i) {
+        // Half of them plain noise, half of them with up to five decimals, as hours and amounts are.
+        Double value = mantissa(random) * std::pow(10, static_cast<int>(random() % 13) - 3);
+        if (i % 2 == 0) {
+            const Double power = std::pow(10, static_cast<int>(random() % 6));
+            value = std::round(value * power) / power;
+        }
+        char expected[40];
+        std::snprintf(expected, sizeof expected, "%.15g", value);
+        if (std::string_view(expected).find('e') == std::string_view::npos && std::fabs(value) >= 1) {
+            ASSERT_EQ(DefaultText(value), value == 0 ? "0" : expected);
+        }
+        const auto single = static_cast<Single>(value);
+        std::snprintf(expected, sizeof expected, "%.7g", static_cast<Double>(single));
+        if (std::string_view(expected).find('e') == std::string_view::npos && std::fabs(single) >= 1) {
+            ASSERT_EQ(DefaultText(single), expected);
+        }
+    }
 }
 
 TEST(DefaultText, OfWholeNumbers) {
