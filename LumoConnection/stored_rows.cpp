@@ -3,17 +3,9 @@
 #include <algorithm>
 #include <type_traits>
 
+#include <LumoConnection/ascii.h>
+
 namespace LumoConnection {
-namespace {
-
-char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
-
-bool SameName(std::string_view a, std::string_view b) {
-    return std::ranges::equal(a, b, [](char x, char y) { return Lower(x) == Lower(y); });
-}
-
-}  // namespace
-
 void StoredRows::AppendInteger(Kind kind, std::int64_t value) {
     Cell& cell = cells_.emplace_back();
     cell.integer = value;
@@ -45,14 +37,14 @@ void StoredRows::Append(std::string_view value) {
     texts_.append(value);
 }
 
+void StoredRows::Append(const Text& value) { Append(std::string_view(value)); }
+
 void StoredRows::Append(const Variant& value) {
     value.Visit([this]<class T>(const T& held) {
         if constexpr (std::is_same_v<T, std::monostate> || std::is_same_v<T, Variant::NullValue>) {
             AppendNull();
         } else if constexpr (std::is_same_v<T, Ref<Object>>) {
             RaiseTypeMismatch("an object", "a field");
-        } else if constexpr (std::is_same_v<T, Text>) {
-            Append(std::string_view(held));
         } else {
             Append(held);
         }
@@ -67,18 +59,19 @@ void StoredRows::CheckOpen() const {
 
 Bool StoredRows::Eof() {
     CheckOpen();
-    return row_ >= RowCount();
+    return current_ >= cells_.size();
 }
 
 Bool StoredRows::Bof() {
     CheckOpen();
-    return RowCount() == 0;
+    return cells_.empty();
 }
 
 void StoredRows::MoveNext() {
     CheckOpen();
-    if (row_ >= RowCount()) Raise(RowSetError::kNoCurrentRow, "The row set is at its end: there is no next row.");
-    ++row_;
+    if (current_ >= cells_.size())
+        Raise(RowSetError::kNoCurrentRow, "The row set is at its end: there is no next row.");
+    current_ += names_->size();
 }
 
 void StoredRows::Close() {
@@ -93,14 +86,14 @@ Int16 StoredRows::ColumnCount() { return To<Int16>(names_->size()); }
 Text StoredRows::ColumnName(Int16 position) { return (*names_)[static_cast<std::size_t>(position)]; }
 
 Int16 StoredRows::ColumnPosition(std::string_view name) {
-    const auto found = std::ranges::find_if(*names_, [&](const std::string& own) { return SameName(own, name); });
+    const auto found = std::ranges::find_if(*names_, [&](const std::string& own) { return SameWithoutCase(own, name); });
     return found == names_->end() ? Int16{-1} : To<Int16>(found - names_->begin());
 }
 
 Variant StoredRows::ColumnValue(Int16 position) {
     CheckOpen();
-    if (row_ >= RowCount()) Raise(RowSetError::kNoCurrentRow, "The row set has no current row.");
-    const Cell& cell = cells_[row_ * names_->size() + static_cast<std::size_t>(position)];
+    if (current_ >= cells_.size()) Raise(RowSetError::kNoCurrentRow, "The row set has no current row.");
+    const Cell& cell = cells_[current_ + static_cast<std::size_t>(position)];
     switch (cell.kind) {
         case Kind::kNull:
             return Variant::Null();

@@ -19,7 +19,7 @@ inline constexpr Int32 kClosed = 3704;
 
 /// A row set that holds all its rows, independent of where they came from: sixteen bytes a cell, the texts in one
 /// buffer. Filled row by row from left to right, then read.
-class StoredRows final : public RecordSet {
+class StoredRows : public RecordSet {
   public:
     using Names = std::vector<std::string>;
 
@@ -37,6 +37,8 @@ class StoredRows final : public RecordSet {
     void Append(Money value);
     void Append(DateTime value);
     void Append(std::string_view value);
+    void Append(const Text& value);
+    void Append(const char* value) { Append(std::string_view(value)); }
     /// Raises type mismatch (13) for an object; Empty becomes Null.
     void Append(const Variant& value);
 
@@ -73,7 +75,7 @@ class StoredRows final : public RecordSet {
     std::shared_ptr<const Names> names_;
     std::vector<Cell> cells_;
     std::string texts_;
-    std::size_t row_ = 0;
+    std::size_t current_ = 0;  // first cell of the current row
     bool closed_ = false;
 };
 

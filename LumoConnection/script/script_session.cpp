@@ -1,7 +1,5 @@
 #include <LumoConnection/script/script_session.h>
 
-#include <algorithm>
-
 #include <LumoConnection/script/script_state.h>
 #include <LumoConnection/stored_rows.h>
 
@@ -19,42 +17,24 @@ using SharedState = std::shared_ptr<ScriptState>;
 constexpr Int32 kClosed = 0;
 constexpr Int32 kNoConnection = -1;
 
-char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
-
-/// Rows of a step, whose Close is a call.
-class ScriptRows final : public RecordSet {
+// Rows of a step, whose Close is a call.
+class ScriptRows final : public StoredRows {
   public:
     ScriptRows(SharedState state, const ScriptStepData& step)
-        : state_(std::move(state)), step_(step.number), rows_(step.columns) {
+        : StoredRows(step.columns), state_(std::move(state)), step_(step.number) {
         for (const std::vector<Variant>& row : step.rows) {
-            for (const Variant& value : row) rows_.Append(value);
+            for (const Variant& value : row) Append(value);
         }
     }
 
-    Bool Eof() override { return rows_.Eof(); }
-    Bool Bof() override { return rows_.Bof(); }
-    void MoveNext() override { rows_.MoveNext(); }
     void Close() override {
         state_->Answer(state_->CloseOf(step_));
-        rows_.Close();
+        StoredRows::Close();
     }
-
-  protected:
-    Int16 ColumnCount() override { return rows_.Fields().Count(); }
-    Text ColumnName(Int16 position) override { return rows_.Fields().Name(position); }
-    Int16 ColumnPosition(std::string_view name) override {
-        for (Int16 position = 0; position < ColumnCount(); ++position) {
-            const Text own = ColumnName(position);
-            if (std::ranges::equal(own, name, [](char a, char b) { return Lower(a) == Lower(b); })) return position;
-        }
-        return -1;
-    }
-    Variant ColumnValue(Int16 position) override { return rows_.Fields().Item(position).Value(); }
 
   private:
     SharedState state_;
     int step_;
-    StoredRows rows_;
 };
 
 class ScriptConnection final : public Connection {

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <utility>
 
+#include <LumoConnection/ascii.h>
 #include <LumoConnection/stored_rows.h>
 
 namespace LumoConnection {
@@ -11,17 +12,12 @@ namespace {
 
 constexpr std::string_view kHidden = "***";
 
-bool SameWord(std::string_view a, std::string_view b) {
-    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; };
-    return std::ranges::equal(a, b, {}, lower, lower);
-}
-
 std::string_view Trimmed(std::string_view text) {
     const std::size_t from = text.find_first_not_of(" \t\r\n");
     return from == text.npos ? std::string_view{} : text.substr(from, text.find_last_not_of(" \t\r\n") - from + 1);
 }
 
-bool IsPasswordKey(std::string_view key) { return SameWord(key, "pwd") || SameWord(key, "password"); }
+bool IsPasswordKey(std::string_view key) { return SameWithoutCase(key, "pwd") || SameWithoutCase(key, "password"); }
 
 // End of a value in a connection text: the next semicolon outside of quotes and braces.
 std::size_t ValueEnd(std::string_view text, std::size_t from) {

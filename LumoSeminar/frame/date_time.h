@@ -35,7 +35,7 @@ class DateTime {
     DateTime DatePart() const;
 
     /// Calendar addition. Raises overflow (6) where it leaves the range.
-    DateTime AddDays(Int32 days) const;
+    DateTime AddDays(Int32 count) const;
     DateTime AddMinutes(Int32 minutes) const;
 
     friend bool operator==(DateTime, DateTime) = default;

@@ -8,12 +8,13 @@ namespace LumoSeminar::detail {
 namespace {
 
 char* Put(char* to, std::string_view text) {
-    // Most pieces between two slots are a comma, which is not worth a call.
-    if (text.size() == 1) {
-        *to = text.front();
-    } else {
-        text.copy(to, text.size());
+    // Most pieces are a comma or a word, which is not worth a call.
+    constexpr std::size_t kFewCharacters = 4;
+    if (text.size() <= kFewCharacters) {
+        for (const char c : text) *to++ = c;
+        return to;
     }
+    text.copy(to, text.size());
     return to + text.size();
 }
 
@@ -35,7 +36,7 @@ std::size_t StatementText::MostCharacters(const SlotValue& value) {
         case Kind::kBool:
             return text_writer::kMostOfInt32;
         case Kind::kText:
-            return value.text_.size();
+            return value.text_.size;
         default:
             return text_writer::kMostCharacters;
     }
@@ -44,13 +45,12 @@ std::size_t StatementText::MostCharacters(const SlotValue& value) {
 bool StatementText::IsNothing(const SlotValue& value) {
     switch (value.kind_) {
         case Kind::kDouble:
+        case Kind::kDateTime:
             return value.real_ == 0;
         case Kind::kSingle:
             return value.single_ == 0;
-        case Kind::kDateTime:
-            return !value.moment_;
         case Kind::kText:
-            return value.text_.empty();
+            return value.text_.size == 0;
         default:
             return value.integer_ == 0;
     }
@@ -64,7 +64,7 @@ char* StatementText::WriteValue(char* to, Form form, const SlotValue& value) {
         case Kind::kBool:
             return text_writer::WriteNumber(to, static_cast<Int32>(value.integer_));
         case Kind::kText:
-            return Put(to, value.text_);
+            return Put(to, value.AsText());
         case Kind::kDouble:
             return PutDecimal(to, value.real_, form == Form::kText);
         case Kind::kSingle:
@@ -74,32 +74,33 @@ char* StatementText::WriteValue(char* to, Form form, const SlotValue& value) {
         case Kind::kDateTime:
             break;
     }
+    const DateTime moment(value.real_);
     switch (form) {
         case Form::kMoment:
-            return text_writer::WriteMoment(to, value.moment_);
+            return text_writer::WriteMoment(to, moment);
         case Form::kDate:
-            return text_writer::WriteDate(to, value.moment_);
+            return text_writer::WriteDate(to, moment);
         case Form::kCompactDate:
-            return text_writer::WriteCompactDate(to, value.moment_);
+            return text_writer::WriteCompactDate(to, moment);
         case Form::kClock:
-            return text_writer::WriteClock(to, value.moment_);
+            return text_writer::WriteClock(to, moment);
         case Form::kText:
         case Form::kByType:
             break;
     }
-    return text_writer::WriteDefault(to, value.moment_);
+    return text_writer::WriteDefault(to, moment);
 }
 
-Text StatementText::Write(const SlotValue* values) const {
+Text StatementText::Fill(const SlotValue* values) const {
     // Room for everything, so that each piece is only copied.
     std::size_t room = text_.size();
-    for (std::size_t i = 0; i < count_; ++i) room += MostCharacters(values[slots_[i].value]);
+    for (std::size_t i = 0; i < count_; ++i) room += MostCharacters(values[i]);
     Text statement(room, '\0');
     char* to = statement.data();
     std::size_t at = 0;
     for (std::size_t i = 0; i < count_; ++i) {
         const Slot& slot = slots_[i];
-        const SlotValue& value = values[slot.value];
+        const SlotValue& value = values[i];
         to = Put(to, text_.substr(at, slot.whole.from - at));
         at = slot.whole.to;
         if (slot.has_word && IsNothing(value)) {

@@ -3,6 +3,7 @@
 #include <array>
 #include <concepts>
 #include <cstddef>
+#include <new>
 #include <span>
 #include <string_view>
 
@@ -45,30 +46,36 @@ consteval Kind KindOf() {
     if constexpr (std::same_as<T, Text>) return Kind::kText;
 }
 
-/// A value on its way into a statement. Does not own its text.
+/// A value on its way into a statement. Does not own its text. Not initialised by default.
 class SlotValue {
   public:
-    SlotValue() : integer_(0) {}
+    SlotValue() = default;
     SlotValue(Int32 value) : kind_(Kind::kInt32), integer_(value) {}
     SlotValue(Int16 value) : kind_(Kind::kInt16), integer_(value) {}
     SlotValue(Byte value) : kind_(Kind::kByte), integer_(value) {}
     SlotValue(Double value) : kind_(Kind::kDouble), real_(value) {}
     SlotValue(Single value) : kind_(Kind::kSingle), single_(value) {}
     SlotValue(Money value) : kind_(Kind::kMoney), integer_(value.Units()) {}
-    SlotValue(DateTime value) : kind_(Kind::kDateTime), moment_(value) {}
+    SlotValue(DateTime value) : kind_(Kind::kDateTime), real_(value.Days()) {}
     SlotValue(Bool value) : kind_(Kind::kBool), integer_(value.Number()) {}
-    SlotValue(const Text& value) : kind_(Kind::kText), text_(value) {}
+    SlotValue(const Text& value) : kind_(Kind::kText), text_{value.data(), value.size()} {}
 
   private:
     friend class StatementText;
 
-    Kind kind_ = Kind::kInt32;
+    struct TextPiece {
+        const char* data;
+        std::size_t size;
+    };
+
+    std::string_view AsText() const { return {text_.data, text_.size}; }
+
+    Kind kind_;
     union {
         std::int64_t integer_;
         Double real_;
         Single single_;
-        DateTime moment_;
-        std::string_view text_;
+        TextPiece text_;
     };
 };
 
@@ -101,8 +108,15 @@ class StatementText {
     /// How many values the slots ask for, counted up to the last one used.
     constexpr std::size_t ValueCount() const { return values_; }
 
-    /// The text with the values in its slots.
-    Text Write(const SlotValue* values) const;
+    /// The text with values in its slots.
+    /// @param value_at  gives the value at a position
+    template <class ValueAt>
+    Text Write(ValueAt value_at) const {
+        std::array<SlotValue, kMostSlots> values;
+        // Made in place: a copy right behind the making would wait for it.
+        for (std::size_t i = 0; i < count_; ++i) new (&values[i]) SlotValue(value_at(slots_[i].value));
+        return Fill(values.data());
+    }
 
   private:
     enum class Form : std::uint8_t { kByType, kText, kMoment, kDate, kCompactDate, kClock };
@@ -170,6 +184,8 @@ class StatementText {
     }
 
     constexpr std::string_view Cut(Part part) const { return text_.substr(part.from, part.to - part.from); }
+    /// @param values  one for each slot
+    Text Fill(const SlotValue* values) const;
     static std::size_t MostCharacters(const SlotValue& value);
     static bool IsNothing(const SlotValue& value);
     static char* WriteValue(char* to, Form form, const SlotValue& value);
@@ -192,10 +208,10 @@ template <class Row>
 class Column {
   public:
     template <class T>
-    constexpr Column(std::string_view name, T Row::*field, Double at_null = 0)
+    constexpr Column(std::string_view name, T Row::*field, Int32 at_null = 0)
         : name_(name), kind_(detail::KindOf<T>()), field_(field), number_at_null_(at_null) {}
     constexpr Column(std::string_view name, Text Row::*field, std::string_view at_null = {})
-        : name_(name), kind_(detail::Kind::kText), field_(field), text_at_null_(at_null) {}
+        : name_(name), field_(field), text_at_null_(at_null) {}
 
     constexpr std::string_view Name() const { return name_; }
     constexpr detail::Kind Kind() const { return kind_; }
@@ -258,11 +274,24 @@ class Column {
 
   private:
     template <class T>
+    static T FromNumber(Int32 number) {
+        if constexpr (std::same_as<T, Bool>) {
+            return number != 0;
+        } else if constexpr (std::same_as<T, DateTime>) {
+            return DateTime(static_cast<Double>(number));
+        } else {
+            return static_cast<T>(number);
+        }
+    }
+
+    template <class T>
     void LoadNumber(T& field, const Variant& value) const {
         if (const T* same = value.If<T>()) {
             field = *same;
+        } else if (value.IsNull()) {
+            field = FromNumber<T>(number_at_null_);
         } else {
-            field = To<T>(value.IsNull() ? Variant(number_at_null_) : value);
+            field = To<T>(value);
         }
     }
 
@@ -289,9 +318,9 @@ class Column {
     };
 
     std::string_view name_;
-    detail::Kind kind_;
+    detail::Kind kind_ = detail::Kind::kText;
     Field field_;
-    Double number_at_null_ = 0;
+    Int32 number_at_null_ = 0;
     std::string_view text_at_null_;
 };
 
@@ -306,22 +335,16 @@ class Statement {
                   if (columns[i].Name() == name) return detail::NamedValue{i, columns[i].Kind()};
               }
               throw "a slot names no column";
-          }) {
-        static_assert(N <= kMostColumns);
-    }
+          }) {}
 
     Text operator()(const Row& row) const {
-        std::array<detail::SlotValue, kMostColumns> values;
-        for (std::size_t i = 0; i < columns_.size(); ++i) values[i] = columns_[i].Value(row);
-        return text_.Write(values.data());
+        return text_.Write([&](std::size_t position) { return columns_[position].Value(row); });
     }
 
     /// The text with its slots.
     constexpr std::string_view Whole() const { return text_.Whole(); }
 
   private:
-    static constexpr std::size_t kMostColumns = 32;
-
     std::span<const Column<Row>> columns_;
     detail::StatementText text_;
 };
@@ -338,7 +361,7 @@ class Sql {
 
     Text operator()(const Args&... args) const {
         const std::array<detail::SlotValue, sizeof...(Args)> values{detail::SlotValue(args)...};
-        return text_.Write(values.data());
+        return text_.Write([&](std::size_t position) { return values[position]; });
     }
 
     constexpr std::string_view Whole() const { return text_.Whole(); }

@@ -53,7 +53,8 @@ T To(F value) {
     } else if constexpr (std::floating_point<F>) {
         const F rounded = std::nearbyint(value);
         constexpr F lowest = static_cast<F>(std::numeric_limits<T>::min());
-        constexpr F limit = static_cast<F>(std::numeric_limits<T>::max() / 2 + 1) * 2;
+        constexpr T half_limit = std::numeric_limits<T>::max() / 2 + 1;  // a power of two, exact in every F
+        constexpr F limit = static_cast<F>(half_limit) * 2;
         if (!(rounded >= lowest && rounded < limit)) RaiseOverflow();
         return static_cast<T>(rounded);
     } else {

@@ -8,7 +8,7 @@ namespace {
 using NullValue = Variant::NullValue;
 
 template <class T>
-constexpr std::string_view kName = "";
+constexpr std::string_view kName;
 template <>
 constexpr std::string_view kName<std::monostate> = "Empty";
 template <>
@@ -59,7 +59,7 @@ struct Convert {
             if constexpr (std::integral<N>) {
                 return Money(value);
             } else {
-                return Money::FromDouble(value);
+                return Money::FromDouble(static_cast<Double>(value));
             }
         } else if constexpr (std::same_as<T, DateTime>) {
             return DateTime(static_cast<Double>(value));

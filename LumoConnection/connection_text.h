@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include <LumoSeminar/frame/types.h>
+
+namespace LumoConnection {
+
+using namespace LumoSeminar;
+
+/// What a connection text for the embedded database says.
+struct EmbeddedTarget {
+    /// A path, or ":memory:".
+    Text file;
+    /// Sync=Full (the default) or Sync=Normal.
+    bool sync_full = true;
+    /// User ID, empty where the text names none.
+    Text user;
+};
+
+/// True for a text that asks for the embedded database: its Provider is "Embedded".
+bool AsksForEmbedded(std::string_view connection_text);
+
+/// Reads "key=value;..." with keys in any capitals and values plain, in "..." or in '...' (the quote doubled inside).
+/// Raises Error (kCannotOpen) for a key that is not known, a value that is none, and what is no such text.
+EmbeddedTarget ReadEmbeddedTarget(std::string_view connection_text);
+
+}  // namespace LumoConnection

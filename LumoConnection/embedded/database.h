@@ -1,0 +1,80 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <LumoConnection/embedded/catalog.h>
+#include <LumoConnection/embedded/plan.h>
+#include <LumoConnection/embedded/refusal.h>
+#include <LumoConnection/embedded/sqlite.h>
+#include <LumoConnection/stored_rows.h>
+
+namespace LumoConnection::Embedded {
+
+/// How a text went.
+struct Outcome {
+    /// The rows of the first statement that yields any; null where none does.
+    std::shared_ptr<StoredRows> rows;
+    /// The types of its columns.
+    std::vector<Type> types;
+    /// The first refusal. Statements behind it may have run all the same.
+    std::optional<Refusal> refusal;
+    /// Rows changed by the last INSERT, UPDATE or DELETE, or selected by the last SELECT; -1 where there was none.
+    std::int64_t affected = -1;
+};
+
+/// A database file, or a database in memory, that speaks T-SQL. For one thread at a time.
+class Database {
+  public:
+    struct Options {
+        std::string file;  // or ":memory:"
+        std::string user;
+        bool sync_full = true;
+        int timeout_seconds = 30;
+    };
+
+    /// Opens the file and creates it where there is none. Refuses what is no database of this kind.
+    explicit Database(Options options);
+
+    /// Runs a text as one batch. A refusal is in the outcome.
+    Outcome Run(std::string_view text);
+
+    const Catalog& Tables() const { return catalog_; }
+    const PlanStore& Plans() const { return plans_; }
+
+  private:
+    friend class Runner;
+
+    void Prepare();
+    void Load();
+    /// Reads the tables anew if another connection has changed them. True if so.
+    bool Refresh();
+    void Remember(const std::string& table, const std::string& object, const std::string& text);
+    void SchemaChanged();
+    std::shared_ptr<Plan> MakePlan(std::string_view text);
+    /// Leaves what names a table that is not there yet; plan.whole tells.
+    void CompileAll(Plan& plan, std::vector<StatementPtr>& statements, const std::vector<Literal>& literals);
+    void Compile(Plan& plan, Statement& statement, const std::vector<Literal>& literals);
+
+    bool InMemory() const { return options_.file == ":memory:" || options_.file.empty(); }
+
+    Options options_;
+    SqliteConnection connection_;
+    Catalog catalog_;
+    PlanStore plans_;
+    SqliteStatement begin_;
+    SqliteStatement commit_;
+    SqliteStatement version_;
+    std::int64_t schema_version_ = 0;
+    int transactions_ = 0;
+    bool schema_touched_ = false;  // by the open transaction
+    std::int64_t row_count_ = 0;
+    std::string shape_;
+    std::vector<Literal> literals_;
+    /// Texts made for the statement that runs, one for each of its parameters.
+    std::vector<std::string> buffers_;
+};
+
+}  // namespace LumoConnection::Embedded

@@ -1,0 +1,49 @@
+find_package(GTest REQUIRED)
+
+file(GLOB_RECURSE test_sources CONFIGURE_DEPENDS LumoSeminar/*_test.cpp LumoConnection/*_test.cpp)
+add_executable(lumo_tests ${test_sources})
+target_include_directories(lumo_tests PRIVATE ${PROJECT_SOURCE_DIR})
+target_compile_definitions(lumo_tests PRIVATE LUMO_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+target_link_libraries(lumo_tests PRIVATE LumoConnectionStatic SQLite::SQLite3 GTest::gmock_main lumo_warnings)
+target_precompile_headers(lumo_tests PRIVATE <gmock/gmock.h> <gtest/gtest.h>)
+
+if(LUMOSEMINAR_FRONTEND)
+    file(GLOB_RECURSE frontend_test_sources CONFIGURE_DEPENDS frontend/*_test.cpp)
+    target_sources(lumo_tests PRIVATE ${frontend_test_sources})
+    target_link_libraries(lumo_tests PRIVATE frontend)
+    add_dependencies(lumo_tests lumoseminar)
+endif()
+
+# A process for each test costs more than most tests do: the tests run in shares, one process a share.
+# One test alone: lumo_tests --gtest_filter=NAME
+set(shares 4)
+math(EXPR last "${shares} - 1")
+foreach(share RANGE ${last})
+    add_test(NAME lumo_tests_${share} COMMAND lumo_tests --gtest_brief=1)
+    set_tests_properties(
+        lumo_tests_${share}
+        PROPERTIES ENVIRONMENT "GTEST_TOTAL_SHARDS=${shares};GTEST_SHARD_INDEX=${share}" TIMEOUT 600
+    )
+endforeach()
+
+find_program(CLANG_FORMAT clang-format)
+if(CLANG_FORMAT)
+    add_test(NAME format COMMAND ${PROJECT_SOURCE_DIR}/tools/format --check)
+endif()
+add_test(NAME headers COMMAND ${PROJECT_SOURCE_DIR}/tools/check_headers)
+add_test(NAME headers_checker COMMAND ${PROJECT_SOURCE_DIR}/tools/check_headers --self-test)
+
+if(LUMOSEMINAR_FRONTEND)
+    add_test(
+        NAME tour
+        COMMAND ${PROJECT_SOURCE_DIR}/tools/tour $<TARGET_FILE:lumoseminar> ${PROJECT_BINARY_DIR}/tour.db
+    )
+endif()
+
+# Installs into the build folder and uses the library from there, as another project would.
+add_test(
+    NAME package
+    COMMAND
+        ${CMAKE_COMMAND} -DBUILD=${PROJECT_BINARY_DIR} -DSOURCE=${PROJECT_SOURCE_DIR} -DCXX=${CMAKE_CXX_COMPILER}
+        "-DFLAGS=${CMAKE_CXX_FLAGS}" -DCONFIG=${CMAKE_BUILD_TYPE} -P ${PROJECT_SOURCE_DIR}/cmake/PackageTest.cmake
+)

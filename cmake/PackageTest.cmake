@@ -1,0 +1,72 @@
+# cmake -DBUILD= -DSOURCE= -DCXX= -DFLAGS= -DCONFIG= -P PackageTest.cmake
+# Installs a built tree, moves it, and builds and runs examples/package from it: with find_package(), then with the
+# flags of pkg-config.
+cmake_minimum_required(VERSION 3.25)
+
+set(work ${BUILD}/package_test)
+set(prefix ${work}/moved)
+file(REMOVE_RECURSE ${work})
+
+function(check_run output)
+    execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE text ERROR_VARIABLE text)
+    if(NOT result EQUAL 0)
+        list(JOIN ARGN " " command)
+        message(NOTICE "${text}")
+        message(FATAL_ERROR "Failed (${result}): ${command}")
+    endif()
+    set(${output} "${text}" PARENT_SCOPE)
+endfunction()
+
+check_run(ignored ${CMAKE_COMMAND} --install ${BUILD} --prefix ${work}/installed)
+file(RENAME ${work}/installed ${prefix})
+
+include(${SOURCE}/cmake/LumoLibrary.cmake)
+file(GLOB_RECURSE headers RELATIVE ${SOURCE} ${SOURCE}/LumoSeminar/*.h ${SOURCE}/LumoConnection/*.h)
+list(FILTER headers EXCLUDE REGEX "_test\\.h$")
+set(PROJECT_SOURCE_DIR ${SOURCE})
+lumo_public_headers(expected_headers ${headers})
+file(GLOB_RECURSE installed_headers RELATIVE ${prefix}/include ${prefix}/include/*)
+list(SORT expected_headers)
+list(SORT installed_headers)
+if(NOT installed_headers STREQUAL expected_headers)
+    message(NOTICE "Installed headers:\n  ${installed_headers}\nbut public are:\n  ${expected_headers}")
+    message(FATAL_ERROR "Wrong headers are installed")
+endif()
+
+file(GLOB_RECURSE pkgconfig_file ${prefix}/LumoSeminar.pc)
+cmake_path(GET pkgconfig_file PARENT_PATH pkgconfig_dir)
+cmake_path(GET pkgconfig_dir PARENT_PATH library_dir)
+foreach(file libLumoSeminar091.so libLumoSeminar091.a libLumoConnection091.so libLumoConnection091.a)
+    if(NOT EXISTS ${library_dir}/${file})
+        message(FATAL_ERROR "Not installed: ${file}")
+    endif()
+endforeach()
+foreach(file schema.sql sample.sql)
+    if(NOT EXISTS ${prefix}/share/lumoseminar/${file})
+        message(FATAL_ERROR "Not installed: share/lumoseminar/${file}")
+    endif()
+endforeach()
+
+check_run(
+    ignored ${CMAKE_COMMAND} -S ${SOURCE}/examples/package -B ${work}/consumer -G Ninja
+    -DCMAKE_PREFIX_PATH=${prefix} -DCMAKE_CXX_COMPILER=${CXX} -DCMAKE_CXX_FLAGS=${FLAGS} -DCMAKE_BUILD_TYPE=${CONFIG}
+)
+check_run(ignored ${CMAKE_COMMAND} --build ${work}/consumer)
+
+set(ENV{PKG_CONFIG_PATH} ${pkgconfig_dir})
+check_run(pkgconfig_flags pkg-config --cflags --libs LumoConnection)
+separate_arguments(pkgconfig_flags UNIX_COMMAND "${pkgconfig_flags}")
+separate_arguments(compile_flags UNIX_COMMAND "${FLAGS}")
+check_run(
+    ignored ${CXX} ${compile_flags} ${SOURCE}/examples/package/main.cpp -o ${work}/by_pkgconfig ${pkgconfig_flags}
+)
+
+file(READ ${SOURCE}/examples/package/expected_output.txt expected)
+set(ENV{LD_LIBRARY_PATH} ${library_dir})
+foreach(program ${work}/consumer/seminar_example ${work}/consumer/seminar_example_static ${work}/by_pkgconfig)
+    check_run(output ${program})
+    if(NOT output STREQUAL expected)
+        message(NOTICE "${program} printed:\n${output}\nbut was to print:\n${expected}")
+        message(FATAL_ERROR "Wrong output")
+    endif()
+endforeach()

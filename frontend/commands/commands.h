@@ -1,0 +1,16 @@
+#pragma once
+
+namespace frontend {
+
+class Program;
+
+// A command a file: it declares its options and says what it does.
+void AddInit(Program& program);
+void AddSeminars(Program& program);
+void AddSql(Program& program);
+void AddTour(Program& program);
+
+/// In the order of the help.
+inline constexpr void (*kCommands[])(Program&) = {AddInit, AddSeminars, AddSql, AddTour};
+
+}  // namespace frontend

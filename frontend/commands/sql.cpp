@@ -1,0 +1,82 @@
+#include <LumoConnection/batches.h>
+#include <fmt/format.h>
+
+#include <iostream>
+#include <iterator>
+#include <memory>
+
+#include "frontend/commands/commands.h"
+#include "frontend/exit_codes.h"
+#include "frontend/files.h"
+#include "frontend/output/failure.h"
+#include "frontend/program.h"
+
+namespace frontend {
+
+using namespace LumoSeminar;
+
+namespace {
+
+struct SqlOptions {
+    std::string text;
+    std::string file;
+};
+
+std::string ReadText(const SqlOptions& options) {
+    if (!options.file.empty() && !options.text.empty()) throw UsageError("Give a text or a file, not both.");
+    if (!options.file.empty()) return ReadFile(options.file);
+    if (options.text.empty()) throw UsageError("Give a text, --file FILE, or - for standard input.");
+    if (options.text != "-") return options.text;
+    return {std::istreambuf_iterator<char>(std::cin), {}};
+}
+
+Text CountText(Int32 count, const char* what) {
+    return fmt::format("({} row{}{})", count, count == 1 ? "" : "s", what);
+}
+
+int Sql(Context& context, const SqlOptions& options) {
+    const auto batches = LumoConnection::SplitBatches(ReadText(options));
+    if (batches.empty()) throw UsageError("There is no statement in the text.");
+    const auto connection = context.Session()->AdoConnection();
+    bool printed = false;
+    for (const auto& batch : batches) {
+        try {
+            const auto rows = connection->Execute(batch.text);
+            if (rows->Fields().Count() == 0) {
+                if (const auto changed = context.RowsChanged()) context.Note(CountText(*changed, " changed"));
+                continue;
+            }
+            const Sheet sheet = ReadRows(rows);
+            if (printed && context.options.format != Format::kJson) std::fputc('\n', stdout);
+            context.Print(sheet);
+            context.Note(CountText(static_cast<Int32>(sheet.rows.size()), ""));
+            printed = true;
+        } catch (const Error& error) {
+            Report(error);
+            if (const auto place = context.RefusedAt()) {
+                fmt::print(stderr, "{}", PlaceText(batch.text, *place, batch.line));
+            }
+            if (batches.size() > 1) {
+                fmt::print(stderr, "    in the batch from line {}; the batches behind it were not run\n", batch.line);
+            }
+            return kRefused;
+        }
+    }
+    return kDone;
+}
+
+}  // namespace
+
+void AddSql(Program& program) {
+    auto* command = program.AddCommand("sql", "Run a text of T-SQL and print the rows");
+    const auto options = std::make_shared<SqlOptions>();
+    command->add_option("TEXT", options->text, "The text, or - for standard input")->type_name("");
+    command->add_option("--file", options->file, "A file with the text")->type_name("FILE")->check(FileThatExists());
+    command->footer(
+        "Batches are parted by lines GO. Of each batch the rows of the first statement\n"
+        "that yields any are printed; the first batch that is refused ends the run. In\n"
+        "JSON each row set is an array of its own, in CSV a blank line stands between.");
+    program.OnCommand(command, [&program, options] { return Sql(program.Work(), *options); });
+}
+
+}  // namespace frontend

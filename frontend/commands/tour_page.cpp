@@ -1,0 +1,122 @@
+#include "frontend/commands/tour_page.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cstdio>
+
+#include "frontend/output/screen_text.h"
+#include "frontend/output/terminal.h"
+
+namespace frontend {
+
+using LumoConnection::TracedCall;
+using LumoConnection::TracedKind;
+
+namespace {
+
+constexpr int kWidth = 80;
+constexpr int kMargin = 3;
+constexpr int kLabel = 11;
+
+}  // namespace
+
+TourPage::TourPage() {
+    if (TerminalOf(stdout).colour) {
+        bold_ = "\x1b[1m";
+        plain_ = "\x1b[0m";
+    }
+}
+
+void TourPage::Title(std::string_view text) { fmt::print("{}{}{}\n", bold_, text, plain_); }
+
+void TourPage::Step(std::string_view title, std::string_view text) {
+    fmt::print("\n{}{}. {}{}\n", bold_, ++steps_, title, plain_);
+    for (const auto& line : Wrap(text, kWidth - kMargin)) fmt::print("{:{}}{}\n", "", kMargin, line);
+    fmt::print("\n");
+}
+
+void TourPage::Call(std::string_view code, const std::function<void()>& act) {
+    Entry("call", code);
+    WatchWhile(act);
+    Statements();
+}
+
+void TourPage::Call(std::string_view code, const std::function<void()>& act, const std::function<std::string()>& note) {
+    Entry("call", code);
+    WatchWhile(act);
+    Entry("statements", note());
+}
+
+LumoSeminar::Int32 TourPage::FailingCall(std::string_view code, const std::function<void()>& act) {
+    Entry("call", code);
+    try {
+        WatchWhile(act);
+    } catch (const LumoSeminar::Error& error) {
+        Statements();
+        const auto parts = LumoSeminar::ReadDescription(error.Description());
+        Entry("raised", fmt::format("error {}: {}", error.Number(), Visible(parts.text)));
+        for (const auto& label : parts.labels)
+            Entry("", label.substr(std::min(label.find_first_not_of(' '), label.size())), 2);
+        return error.Number();
+    }
+    Statements();
+    return 0;
+}
+
+void TourPage::Outcome(bool as_told, std::string_view text) {
+    Entry("outcome", text);
+    if (as_told) return;
+    ++untold_;
+    Entry("", fmt::format("{}THIS IS NOT AS TOLD.{}", bold_, plain_));
+}
+
+void TourPage::End() {
+    if (untold_ == 0) {
+        fmt::print("\n{}All {} steps came out as told.{}\n", bold_, steps_, plain_);
+    } else {
+        fmt::print("\n{}{} {} not as told.{}\n", bold_, untold_, untold_ == 1 ? "outcome is" : "outcomes are", plain_);
+    }
+}
+
+void TourPage::Entry(std::string_view label, std::string_view text, int indent) const {
+    bool first = true;
+    for (const auto& line : Wrap(text, kWidth - kMargin - kLabel - indent)) {
+        fmt::print("{:{}}{:{}}{:{}}{}\n", "", kMargin, first ? label : "", kLabel, "", indent, line);
+        first = false;
+    }
+}
+
+void TourPage::WatchWhile(const std::function<void()>& act) {
+    sent_.clear();
+    watching_ = true;
+    try {
+        act();
+    } catch (...) {
+        watching_ = false;
+        throw;
+    }
+    watching_ = false;
+}
+
+void TourPage::Statements() {
+    for (const auto& call : sent_) {
+        Entry(call.kind == TracedKind::kLookupValue ? "lookup" : "statement", WithoutKnownColumns(Visible(call.statement)));
+        if (!call.ok) {
+            Entry("", "-> refused");
+        } else if (call.rows != TracedCall::kNoRows) {
+            Entry("", fmt::format("-> {} row{}", call.rows, call.rows == 1 ? "" : "s"));
+        }
+    }
+    if (sent_.empty()) Entry("statement", "none");
+}
+
+std::string TourPage::WithoutKnownColumns(const std::string& statement) {
+    constexpr std::size_t kLong = 60;
+    const auto from = statement.find(" FROM ");
+    if (!statement.starts_with("SELECT ") || from == std::string::npos || from < kLong) return statement;
+    if (known_columns_.insert(statement.substr(0, from)).second) return statement;
+    return statement.substr(0, statement.find(',')) + ", …" + statement.substr(from);
+}
+
+}  // namespace frontend

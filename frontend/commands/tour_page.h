@@ -1,0 +1,65 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <LumoConnection/tracing/tracing_session.h>
+#include <LumoSeminar/LumoSeminar.h>
+
+namespace frontend {
+
+/// What the tour prints on standard output, in 80 columns: steps, calls, the statements they sent, outcomes. It counts
+/// the outcomes that were not as told.
+class TourPage {
+  public:
+    TourPage();
+
+    void Title(std::string_view text);
+    void Step(std::string_view title, std::string_view text);
+
+    /// Prints the call as C++, carries it out, then prints the statements that were sent meanwhile.
+    void Call(std::string_view code, const std::function<void()>& act);
+
+    /// As Call, for a call of many statements: the note stands in their place.
+    void Call(std::string_view code, const std::function<void()>& act, const std::function<std::string()>& note);
+
+    /// As Call, for one that is to fail; the failure is printed.
+    /// @return its number, 0 where nothing was raised
+    LumoSeminar::Int32 FailingCall(std::string_view code, const std::function<void()>& act);
+
+    /// Statements of the last call.
+    std::size_t Sent() const { return sent_.size(); }
+
+    void Outcome(bool as_told, std::string_view text);
+
+    /// The last lines.
+    void End();
+
+    int Untold() const { return untold_; }
+
+    /// To be called by the session's watcher. Counts during a call only.
+    void Watch(const LumoConnection::TracedCall& call) {
+        if (watching_) sent_.push_back(call);
+    }
+
+  private:
+    void Entry(std::string_view label, std::string_view text, int indent = 0) const;
+    void Statements();
+    // A long list of columns is shown once.
+    std::string WithoutKnownColumns(const std::string& statement);
+    void WatchWhile(const std::function<void()>& act);
+
+    std::vector<LumoConnection::TracedCall> sent_;
+    std::set<std::string> known_columns_;
+    std::string bold_;
+    std::string plain_;
+    bool watching_ = false;
+    int steps_ = 0;
+    int untold_ = 0;
+};
+
+}  // namespace frontend

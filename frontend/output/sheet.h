@@ -1,0 +1,43 @@
+#pragma once
+
+#include <vector>
+
+#include <LumoSeminar/LumoSeminar.h>
+
+namespace frontend {
+
+/// Rows to be printed, in any of the formats.
+struct Sheet {
+    std::vector<LumoSeminar::Text> columns;
+    std::vector<std::vector<LumoSeminar::Variant>> rows;
+};
+
+enum class Shape {
+    kRows,
+    /// One row: in a table a property a line, in JSON an object in place of an array.
+    kOneRow,
+};
+
+/// All rows from the present one on.
+Sheet ReadRows(const LumoSeminar::Ref<LumoSeminar::RecordSet>& rows);
+
+struct TableStyle {
+    /// Columns of the screen that long texts are shortened to; 0 for no limit.
+    int width = 0;
+    bool colour = false;
+};
+
+/// Columns aligned by what they take on a screen. NULL is dimmed where there is colour; a text that reads NULL stands
+/// in quotes. Control characters and bytes that are no UTF-8 are made visible.
+LumoSeminar::Text TableText(const Sheet& sheet, Shape shape, const TableStyle& style);
+
+/// Numbers are exact, money with two to four decimals; moments "yyyy-mm-ddThh:mm:ss", thousandths only where there are
+/// any; NULL is null; bytes that are no UTF-8 become U+FFFD. A column without a name is "column 1" by its position, the
+/// second of one name gets " 2" behind it.
+LumoSeminar::Text JsonText(const Sheet& sheet, Shape shape);
+
+/// A header line, then a line a row; quoted where needed. Values as in JSON, texts byte by byte. NULL is nothing at
+/// all, the empty text is "".
+LumoSeminar::Text CsvText(const Sheet& sheet);
+
+}  // namespace frontend

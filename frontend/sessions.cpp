@@ -1,0 +1,58 @@
+#include "frontend/sessions.h"
+
+#include <LumoConnection/connection_text.h>
+
+#include <fmt/format.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <utility>
+
+#include "frontend/files.h"
+#include "frontend/output/screen_text.h"
+#include "frontend/output/terminal.h"
+
+namespace frontend {
+
+using namespace LumoSeminar;
+
+namespace {
+
+std::string RowsText(const LumoConnection::TracedCall& call) {
+    if (!call.ok) return "refused";
+    if (call.rows == LumoConnection::TracedCall::kNoRows) return "";
+    return fmt::format("{} row{}", call.rows, call.rows == 1 ? "" : "s");
+}
+
+}  // namespace
+
+OpenedSession OpenSession(const Login& login, MissingFile missing_file, LumoConnection::TraceCallback watcher) {
+    if (!LumoConnection::AsksForEmbedded(login.connection_text)) {
+        Raise(ErrorNumber::kComponentNotCreated,
+              "There is no component for this connection text; it has to say Provider=Embedded.");
+    }
+    const Text file = LumoConnection::ReadEmbeddedTarget(login.connection_text).file;
+    if (missing_file == MissingFile::kRefuse && file != ":memory:" && !std::filesystem::exists(file)) {
+        Raise(kFileNotRead, "There is no database file " + OneLine(file) + "; the command init creates it.");
+    }
+    OpenedSession opened;
+    opened.embedded = New<LumoConnection::EmbeddedSession>();
+    opened.session = opened.embedded;
+    if (watcher) opened.session = New<LumoConnection::TracingSession>(opened.session, std::move(watcher));
+    if (!opened.session->Connect(login.connection_text, login.user, login.password, kTimeout)) {
+        RaiseRefused(opened.session->LastErrorText());
+    }
+    return opened;
+}
+
+LumoConnection::TraceCallback TraceToStandardError() {
+    return [terminal = TerminalOf(stderr)](const LumoConnection::TracedCall& call) {
+        const char* dim = terminal.colour ? "\x1b[2m" : "";
+        const char* plain = terminal.colour ? "\x1b[0m" : "";
+        fmt::print(stderr, "{}trace {:9.3f} ms {:>10}  {:<17}{} {}\n", dim, call.seconds * 1000, RowsText(call),
+                   LumoConnection::NameOf(call.kind), plain, call.statement);
+        if (!call.error.empty()) fmt::print(stderr, "      {}\n", Visible(ReadDescription(call.error).text));
+    };
+}
+
+}  // namespace frontend
