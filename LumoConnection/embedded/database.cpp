@@ -6,6 +6,7 @@
 #include <LumoConnection/embedded/lexer.h>
 #include <LumoConnection/embedded/parser.h>
 #include <LumoConnection/embedded/run.h>
+#include <LumoConnection/embedded/utf8.h>
 
 namespace LumoConnection::Embedded {
 namespace {
@@ -189,6 +190,9 @@ std::shared_ptr<Plan> Database::MakePlan(std::string_view text) {
 Outcome Database::Run(std::string_view text) {
     Outcome outcome;
     try {
+        if (const std::size_t bad = FirstBadByte(text); bad != std::string_view::npos) {
+            Refuse(Refused::kSyntax, "The text is not UTF-8.", bad);
+        }
         const bool has_shape = ReadShape(text, shape_, literals_);
         constexpr int kMostAttempts = 10;
         for (int attempt = 0;; ++attempt) {

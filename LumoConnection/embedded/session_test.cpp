@@ -140,7 +140,6 @@ TEST(EmbeddedSession, CarriesTextsOfAllSortsUnharmed) {
         "Größe ß",
         "日本 \U0001F600",
         std::string("a\0b", 3),
-        "\xFF\xC3",
         "a\tb\r\nc",
         "{x} [y] %_",
         std::string(100'000, 'x'),
@@ -155,6 +154,15 @@ TEST(EmbeddedSession, CarriesTextsOfAllSortsUnharmed) {
         EXPECT_EQ(First(*session, "SELECT a FROM T WHERE ID = " + std::to_string(id)), Variant(text)) << id;
         EXPECT_EQ(First(*session, "SELECT ID FROM T WHERE a = '" + quoted + "'"), Variant(Int32{id})) << id;
     }
+}
+
+TEST(EmbeddedSession, RefusesATextThatIsNotUtf8) {
+    auto session = Open();
+    EXPECT_FALSE(session->ExecuteSql("CREATE TABLE T (a nvarchar(9)) INSERT INTO T VALUES ('\xC3\xA4\xFF')"));
+    EXPECT_EQ(session->LastErrorText(), "The text is not UTF-8.");
+    ASSERT_TRUE(session->LastErrorPlace());
+    EXPECT_EQ(session->LastErrorPlace()->offset, 56u);
+    EXPECT_FALSE(session->OpenSelect("SELECT a FROM T"));
 }
 
 TEST(EmbeddedSession, IsRefusedBeforeConnectAndAfterClose) {

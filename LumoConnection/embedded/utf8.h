@@ -1,0 +1,11 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+namespace LumoConnection::Embedded {
+
+/// Offset of the first byte that is no UTF-8; npos where all is.
+std::size_t FirstBadByte(std::string_view text);
+
+}  // namespace LumoConnection::Embedded
