@@ -61,12 +61,24 @@ check_run(
     ignored ${CXX} ${compile_flags} ${SOURCE}/examples/package/main.cpp -o ${work}/by_pkgconfig ${pkgconfig_flags}
 )
 
+# The program of the README, on a fresh sample database each time.
+file(READ ${SOURCE}/README.md readme)
+file(READ ${SOURCE}/examples/package/main.cpp program_text)
+string(FIND "${readme}" "${program_text}" in_readme)
+if(in_readme EQUAL -1)
+    message(FATAL_ERROR "The program in README.md is not examples/package/main.cpp")
+endif()
+
 file(READ ${SOURCE}/examples/package/expected_output.txt expected)
 set(ENV{LD_LIBRARY_PATH} ${library_dir})
+set(database ${work}/run/seminar.db)
+file(MAKE_DIRECTORY ${work}/run)
 foreach(program ${work}/consumer/seminar_example ${work}/consumer/seminar_example_static ${work}/by_pkgconfig)
-    check_run(output ${program})
-    if(NOT output STREQUAL expected)
-        message(NOTICE "${program} printed:\n${output}\nbut was to print:\n${expected}")
+    file(REMOVE ${database})
+    check_run(ignored ${prefix}/bin/lumoseminar --connect "Provider=Embedded\;Data Source=${database}" init --sample)
+    check_run(output ${CMAKE_COMMAND} -E chdir ${work}/run ${program})
+    if(NOT output MATCHES "${expected}")
+        message(NOTICE "${program} printed:\n${output}\nbut was to print this among the rest:\n${expected}")
         message(FATAL_ERROR "Wrong output")
     endif()
 endforeach()
