@@ -203,10 +203,11 @@ struct RawDatabase {
         Run("BEGIN");
         for (int key = 1; key <= count; ++key) {
             const std::string number = std::to_string(key);
-            Run(("INSERT INTO Sem_Katalog_IT VALUES (" + number + "," + (key % 10 == 0 ? "-1" : "5") + ",'BS-" +
-                 number + "','Brandschutz für Führungskräfte, Teil " + number +
-                 "',12,1,NULL,4,12,8,7.5,2,NULL,1205000,NULL,250000,NULL,14,NULL,7,NULL)")
-                    .c_str());
+            std::string sql = "INSERT INTO Sem_Katalog_IT VALUES (";
+            sql.append(number).append(key % 10 == 0 ? ",-1" : ",5").append(",'BS-").append(number);
+            sql.append("','Brandschutz für Führungskräfte, Teil ").append(number);
+            sql.append("',12,1,NULL,4,12,8,7.5,2,NULL,1205000,NULL,250000,NULL,14,NULL,7,NULL)");
+            Run(sql.c_str());
         }
         Run("COMMIT");
     }

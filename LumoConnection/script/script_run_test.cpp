@@ -12,6 +12,7 @@ using testing::IsEmpty;
 
 std::vector<std::string> Titles(const std::vector<FailureOutcome>& outcomes) {
     std::vector<std::string> titles;
+    titles.reserve(outcomes.size());
     for (const FailureOutcome& outcome : outcomes) titles.push_back(outcome.Title());
     return titles;
 }

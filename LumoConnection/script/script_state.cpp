@@ -93,14 +93,14 @@ ScriptStepData& ScriptState::Append(CallKind kind, std::vector<Text> arguments) 
 ScriptCall ScriptState::CloseOf(int step) const { return {CallKind::kCloseRows, {std::to_string(step)}}; }
 
 int ScriptState::LastRowsStep() const {
-    for (auto step = steps_.rbegin(); step != steps_.rend(); ++step) {
-        if (!GivesRows(*step)) continue;
-        const ScriptCall close = CloseOf(step->number);
-        if (std::ranges::none_of(steps_, [&](const ScriptStepData& other) { return other.call == close; })) {
-            return step->number;
-        }
+    int last = 0;
+    for (const ScriptStepData& step : steps_) {
+        if (!GivesRows(step)) continue;
+        const ScriptCall close = CloseOf(step.number);
+        const auto closes = [&](const ScriptStepData& other) { return other.call == close; };
+        if (std::ranges::none_of(steps_, closes)) last = step.number;
     }
-    return 0;
+    return last;
 }
 
 const ScriptStepData& ScriptState::Step(int number) const {
@@ -180,8 +180,6 @@ ScriptStepData ScriptState::Deliver(ScriptStepData step) {
             connection_stays_closed = refused;
             break;
         case CallKind::kConnectionState:
-            connection_state = refused ? 0 : step.state;
-            break;
         case CallKind::kConnectionOpen:
             connection_state = refused ? 0 : step.state;
             break;

@@ -13,7 +13,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 Ref<StoredRows> TwoRows() {
-    const Ref<StoredRows> rows = New<StoredRows>(StoredRows::Names{"SemID"});
+    auto rows = New<StoredRows>(StoredRows::Names{"SemID"});
     rows->Append(Int32{1});
     rows->Append(Int32{2});
     return rows;
