@@ -43,6 +43,16 @@ std::optional<Int32> Context::RowsChanged() const {
     return opened_.embedded->RowsAffected();
 }
 
+Ref<RecordSet> Context::RowsBeforeRefusal() const {
+    return opened_.embedded ? opened_.embedded->RowsBeforeRefusal() : nullptr;
+}
+
+std::vector<LumoConnection::TableInfo> Context::Tables() {
+    Session();
+    if (!opened_.embedded) Raise(ErrorNumber::kComponentNotCreated, "This database does not tell its tables.");
+    return opened_.embedded->Tables();
+}
+
 Int32 Context::Client() {
     if (!options.client) options.client = ActiveClient(Session());
     return *options.client;

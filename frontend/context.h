@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <optional>
 #include <string_view>
+#include <vector>
 
 #include <LumoSeminar/LumoSeminar.h>
 
@@ -28,6 +29,12 @@ class Context {
 
     /// Rows that the last call changed, if the database tells.
     std::optional<LumoSeminar::Int32> RowsChanged() const;
+
+    /// The rows of the last call that was refused further on in its text. Empty where there are none.
+    LumoSeminar::Ref<LumoSeminar::RecordSet> RowsBeforeRefusal() const;
+
+    /// The tables of the database, by name. Raises 429 for a database that does not tell.
+    std::vector<LumoConnection::TableInfo> Tables();
 
     /// What --client says, otherwise the active client of the database, otherwise 1.
     LumoSeminar::Int32 Client();

@@ -8,9 +8,10 @@ class Program;
 void AddInit(Program& program);
 void AddSeminars(Program& program);
 void AddSql(Program& program);
+void AddTables(Program& program);
 void AddTour(Program& program);
 
 /// In the order of the help.
-inline constexpr void (*kCommands[])(Program&) = {AddInit, AddSeminars, AddSql, AddTour};
+inline constexpr void (*kCommands[])(Program&) = {AddInit, AddSeminars, AddSql, AddTables, AddTour};
 
 }  // namespace frontend

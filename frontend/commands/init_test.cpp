@@ -11,20 +11,21 @@ using testing::StartsWith;
 TEST_F(Cli, InitCreatesTheTables) {
     const auto done = Run({"init"});
     EXPECT_EQ(done.code, 0) << done.err;
-    EXPECT_EQ(done.out,
-              "Table                 Rows\n"
-              "--------------------  ----\n"
-              "OpactMD                  0\n"
-              "optionen_database_dt     0\n"
-              "Sem_Katalog_IT           0\n");
-    EXPECT_THAT(done.err, ContainsRegex("^schema.sql: ([0-9]+) of ([0-9]+) batches done\n3 tables, 0 rows\n$"));
+    EXPECT_THAT(done.out, StartsWith("Table                          Rows\n"
+                                     "-----------------------------  ----\n"
+                                     "OpactMD                           0\n"
+                                     "optionen_database_dt              0\n"
+                                     "Sem_Katalog_IT                    0\n"));
+    EXPECT_EQ(Lines(done.out), 33U);
+    EXPECT_THAT(done.err, ContainsRegex("^schema.sql: ([0-9]+) of ([0-9]+) batches done\n31 tables, 0 rows\n$"));
 }
 
 TEST_F(Cli, InitWithSampleFillsThem) {
     const auto done = Run({"init", "--sample", "--format", "json"});
     EXPECT_EQ(done.code, 0) << done.err;
     const auto tables = json::parse(done.out);
-    ASSERT_EQ(tables.size(), 3U);
+    ASSERT_EQ(tables.size(), 31U);
+    for (const auto& table : tables) EXPECT_GT(table["Rows"], 0) << table["Table"];
     EXPECT_EQ(tables[2]["Table"], "Sem_Katalog_IT");
     EXPECT_EQ(tables[2]["Rows"], RowCount());
     EXPECT_GE(RowCount(), 40);
@@ -36,8 +37,8 @@ TEST_F(Cli, InitRefusesWhereTablesAreThere) {
     const auto again = Run({"init", "--sample"});
     EXPECT_EQ(again.code, 1);
     EXPECT_EQ(again.out, "");
-    EXPECT_EQ(again.err, "lumoseminar: 3 of the 3 tables are there already, with " + std::to_string(before + 2) +
-                             " rows. Nothing was changed.\n--force adds what is missing; it drops nothing.\n");
+    EXPECT_THAT(again.err, ContainsRegex("^lumoseminar: 31 of the 31 tables are there already, with ([0-9]+) rows. Nothing was "
+                                         "changed.\n--force adds what is missing; it drops nothing.\n$"));
     EXPECT_EQ(RowCount(), before);
 
     const auto forced = Run({"init", "--force"});

@@ -34,24 +34,40 @@ Text CountText(Int32 count, const char* what) {
     return fmt::format("({} row{}{})", count, count == 1 ? "" : "s", what);
 }
 
+// Prints the row sets of a run, parted by blank lines.
+class RowPrinter {
+  public:
+    explicit RowPrinter(const Context& context) : context_(context) {}
+
+    void Print(const Ref<RecordSet>& rows) {
+        const Sheet sheet = ReadRows(rows);
+        if (printed_ && context_.options.format != Format::kJson) std::fputc('\n', stdout);
+        context_.Print(sheet);
+        context_.Note(CountText(static_cast<Int32>(sheet.rows.size()), ""));
+        printed_ = true;
+    }
+
+  private:
+    const Context& context_;
+    bool printed_ = false;
+};
+
 int Sql(Context& context, const SqlOptions& options) {
     const auto batches = LumoConnection::SplitBatches(ReadText(options));
     if (batches.empty()) throw UsageError("There is no statement in the text.");
     const auto connection = context.Session()->AdoConnection();
-    bool printed = false;
+    RowPrinter printer(context);
     for (const auto& batch : batches) {
         try {
             const auto rows = connection->Execute(batch.text);
-            if (rows->Fields().Count() == 0) {
-                if (const auto changed = context.RowsChanged()) context.Note(CountText(*changed, " changed"));
-                continue;
+            if (rows->Fields().Count() != 0) {
+                printer.Print(rows);
+            } else if (const auto changed = context.RowsChanged()) {
+                context.Note(CountText(*changed, " changed"));
             }
-            const Sheet sheet = ReadRows(rows);
-            if (printed && context.options.format != Format::kJson) std::fputc('\n', stdout);
-            context.Print(sheet);
-            context.Note(CountText(static_cast<Int32>(sheet.rows.size()), ""));
-            printed = true;
         } catch (const Error& error) {
+            const auto rows = context.RowsBeforeRefusal();
+            if (rows && rows->Fields().Count() != 0) printer.Print(rows);
             Report(error);
             if (const auto place = context.RefusedAt()) {
                 fmt::print(stderr, "{}", PlaceText(batch.text, *place, batch.line));
@@ -74,8 +90,9 @@ void AddSql(Program& program) {
     command->add_option("--file", options->file, "A file with the text")->type_name("FILE")->check(FileThatExists());
     command->footer(
         "Batches are parted by lines GO. Of each batch the rows of the first statement\n"
-        "that yields any are printed; the first batch that is refused ends the run. In\n"
-        "JSON each row set is an array of its own, in CSV a blank line stands between.");
+        "that yields any are printed, also where a statement behind it is refused; the\n"
+        "first batch that is refused ends the run. In JSON each row set is an array of\n"
+        "its own, in CSV a blank line stands between.");
     program.OnCommand(command, [&program, options] { return Sql(program.Work(), *options); });
 }
 
