@@ -1,6 +1,20 @@
 find_package(GTest REQUIRED)
 
 file(GLOB_RECURSE test_sources CONFIGURE_DEPENDS LumoSeminar/*_test.cpp LumoConnection/*_test.cpp)
+# Puts failures between SQLite and the system, for a whole process.
+set(faults_source ${PROJECT_SOURCE_DIR}/LumoConnection/embedded/faults_test.cpp)
+list(REMOVE_ITEM test_sources ${faults_source})
+add_executable(lumo_fault_tests ${faults_source})
+target_include_directories(lumo_fault_tests PRIVATE ${PROJECT_SOURCE_DIR})
+target_link_libraries(lumo_fault_tests PRIVATE LumoConnectionStatic SQLite::SQLite3 GTest::gtest lumo_warnings)
+foreach(share 0 1)
+    add_test(NAME lumo_fault_tests_${share} COMMAND lumo_fault_tests --gtest_brief=1)
+    set_tests_properties(
+        lumo_fault_tests_${share}
+        PROPERTIES ENVIRONMENT "GTEST_TOTAL_SHARDS=2;GTEST_SHARD_INDEX=${share}" TIMEOUT 600
+    )
+endforeach()
+
 add_executable(lumo_tests ${test_sources})
 target_include_directories(lumo_tests PRIVATE ${PROJECT_SOURCE_DIR})
 target_compile_definitions(lumo_tests PRIVATE LUMO_SOURCE_DIR="${PROJECT_SOURCE_DIR}")

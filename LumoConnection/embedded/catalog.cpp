@@ -123,11 +123,25 @@ const Table* Catalog::Find(std::string_view name) const {
 }
 
 void Catalog::Put(std::unique_ptr<Table> table) {
-    std::string name = FoldName(table->name);
-    tables_[std::move(name)] = std::move(table);
+    former_.reserve(former_.size() + 1);
+    std::unique_ptr<Table>& place = tables_[FoldName(table->name)];
+    std::swap(place, table);
+    if (table) former_.push_back(std::move(table));
 }
 
-void Catalog::Drop(std::string_view name) { tables_.erase(FoldName(name)); }
+void Catalog::Drop(std::string_view name) {
+    former_.reserve(former_.size() + 1);
+    const auto found = tables_.find(FoldName(name));
+    if (found == tables_.end()) return;
+    former_.push_back(std::move(found->second));
+    tables_.erase(found);
+}
+
+void Catalog::Replace(Catalog other) {
+    former_.reserve(former_.size() + tables_.size());
+    for (auto& [name, table] : tables_) former_.push_back(std::move(table));
+    tables_ = std::move(other.tables_);
+}
 
 std::vector<std::pair<const Table*, const ForeignKey*>> Catalog::References(const Table& table) const {
     std::vector<std::pair<const Table*, const ForeignKey*>> found;

@@ -60,7 +60,7 @@ bool SameName(std::string_view a, std::string_view b);
 /// The tables of a database. What is applied to it are the definitions in the order in which they were run.
 class Catalog {
   public:
-    /// Null for a name that is not there. Pointers live until the table is changed or dropped.
+    /// Null for a name that is not there. Pointers live until Forget(), even where the table is changed or dropped.
     const Table* Find(std::string_view name) const;
 
     /// What a definition makes, with all names made up that it leaves out. Refuses what the server refuses.
@@ -71,7 +71,10 @@ class Catalog {
     /// Adds a table or puts it in the place of the one of its name.
     void Put(std::unique_ptr<Table> table);
     void Drop(std::string_view name);
-    void Clear() { tables_.clear(); }
+    /// Takes over the tables of another catalogue.
+    void Replace(Catalog other);
+    /// Lets go of tables that were changed or dropped.
+    void Forget() { former_.clear(); }
 
     /// Foreign keys of other tables that point at this one.
     std::vector<std::pair<const Table*, const ForeignKey*>> References(const Table& table) const;
@@ -83,6 +86,7 @@ class Catalog {
     void AddElements(Table& table, const TableElements& elements) const;
 
     std::unordered_map<std::string, std::unique_ptr<Table>> tables_;
+    std::vector<std::unique_ptr<Table>> former_;
 };
 
 /// The letter and the number: what sources and nameless columns are called in printed statements.

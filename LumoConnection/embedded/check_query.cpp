@@ -149,7 +149,12 @@ void Checker::CheckCore(SelectCore& core, Scope& scope, bool exists) {
         }
         Coerce(item.value, variables_.all[static_cast<std::size_t>(item.slot)].type, Purpose::kCast);
     }
-    if (core.having) CheckExpression(core.having, &scope);
+    if (core.having) {
+        if (!core.aggregated && core.group_by.empty()) {
+            RefuseNotCovered("HAVING without GROUP BY and without an aggregate function in the select list", core.having->place);
+        }
+        CheckExpression(core.having, &scope);
+    }
     context_ = outer;
 }
 
@@ -236,9 +241,15 @@ void Checker::CheckOrder(Select& select, Scope& scope) {
                    item.value->place);
         }
         const Context outer = context_;
+        const bool was_aggregated = core.aggregated;
         context_ = {true, &core.aggregated};
         CheckExpression(item.value, &scope);
         context_ = outer;
+        if (core.aggregated && !was_aggregated && core.group_by.empty()) {
+            CheckGrouping(core, scope, nullptr);
+            RefuseNotCovered("ORDER BY an aggregate function without GROUP BY and without one in the select list",
+                             item.value->place);
+        }
         const auto same =
             std::ranges::find_if(core.items, [&](const SelectItem& other) { return Same(*other.value, *item.value); });
         if (same != core.items.end()) {

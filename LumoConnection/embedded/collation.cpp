@@ -303,6 +303,11 @@ bool InRange(char32_t character, char32_t low, char32_t high) {
 std::string UpperText(std::string_view text) { return Changed(text, utf8proc_toupper); }
 std::string LowerText(std::string_view text) { return Changed(text, utf8proc_tolower); }
 
-void AddCollation(sqlite3* database) { sqlite3_create_collation(database, kCollation, SQLITE_UTF8, nullptr, Collate); }
+int AddCollation(sqlite3* database) {
+    // The table of weights is made here: within SQLite there is no way to say that memory ran out.
+    Weight scratch;
+    WeightOf(U'a', scratch);
+    return sqlite3_create_collation(database, kCollation, SQLITE_UTF8, nullptr, Collate);
+}
 
 }  // namespace LumoConnection::Embedded

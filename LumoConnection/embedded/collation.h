@@ -23,6 +23,7 @@ void AppendCharacter(std::string& to, char32_t character);
 std::string UpperText(std::string_view text);
 std::string LowerText(std::string_view text);
 
-void AddCollation(sqlite3* database);
+/// Gives SQLite's result code.
+int AddCollation(sqlite3* database);
 
 }  // namespace LumoConnection::Embedded

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -21,6 +22,10 @@ struct Outcome {
     std::vector<Type> types;
     /// The first refusal. Statements behind it may have run all the same.
     std::optional<Refusal> refusal;
+    /// Memory ran out, with or without a refusal before.
+    bool out_of_memory = false;
+    /// The failure took back the transaction that the text, or one before it, had opened.
+    bool taken_back = false;
     /// Rows changed by the last INSERT, UPDATE or DELETE, or selected by the last SELECT; -1 where there was none.
     std::int64_t affected = -1;
 };
@@ -38,20 +43,29 @@ class Database {
     /// Opens the file and creates it where there is none. Refuses what is no database of this kind.
     explicit Database(Options options);
 
-    /// Runs a text as one batch. A refusal is in the outcome.
+    /// Runs a text as one batch. What goes wrong is in the outcome.
     Outcome Run(std::string_view text);
 
-    const Catalog& Tables() const { return catalog_; }
+    const Catalog& Tables();
     const PlanStore& Plans() const { return plans_; }
 
   private:
     friend class Runner;
 
     void Prepare();
+    bool IsOurs();
+    /// Takes back what an earlier text could not take back, and reads the tables anew where they are not known.
+    void GetReady();
+    /// Leaves no transaction open but one that the text has opened.
+    void Settle(Outcome& outcome) noexcept;
+    void RunText(std::string_view text, Outcome& outcome);
     void Load();
     /// Reads the tables anew if another connection has changed them. True if so.
     bool Refresh();
     void Remember(const std::string& table, const std::string& object, const std::string& text);
+    /// Takes over what a definition has done to a table, or to the one that it dropped; cannot fail.
+    void TableChanged(std::unique_ptr<Table> table) noexcept;
+    void TableDropped(const std::string& name) noexcept;
     void SchemaChanged();
     std::shared_ptr<Plan> MakePlan(std::string_view text);
     /// Leaves what names a table that is not there yet; plan.whole tells.
@@ -68,6 +82,7 @@ class Database {
     SqliteStatement commit_;
     SqliteStatement version_;
     std::int64_t schema_version_ = 0;
+    bool stale_ = true;  // the catalogue is not what the file says
     int transactions_ = 0;
     bool schema_touched_ = false;  // by the open transaction
     std::int64_t row_count_ = 0;

@@ -32,7 +32,8 @@ class Call {
     bool IsNull(int at) const { return sqlite3_value_type(arguments_[at]) == SQLITE_NULL; }
     std::string_view Text(int at) const {
         const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(arguments_[at]));
-        return {text ? text : "", static_cast<std::size_t>(sqlite3_value_bytes(arguments_[at]))};
+        if (!text) throw std::bad_alloc();
+        return {text, static_cast<std::size_t>(sqlite3_value_bytes(arguments_[at]))};
     }
     Type TypeAt(int at) const { return Unpack(Integer(at)); }
     Value ValueAt(int at) const {
@@ -297,6 +298,8 @@ void Replace(Call& call) {
     const std::string_view text = call.Text(0);
     const std::string_view wanted = call.Text(1);
     if (wanted.empty()) return call.Return(text);
+    const auto most =
+        static_cast<std::size_t>(sqlite3_limit(sqlite3_context_db_handle(call.Context()), SQLITE_LIMIT_LENGTH, -1));
     std::string result;
     std::size_t at = 0;
     while (true) {
@@ -304,6 +307,7 @@ void Replace(Call& call) {
         const std::size_t found = FindText(text, wanted, at, length);
         if (found == std::string_view::npos) break;
         result.append(text, at, found - at).append(call.Text(2));
+        if (result.size() > most) Refuse(Refused::kTooBig, "A value or a text is longer than the database can hold.");
         at = found + length;
     }
     call.Return(result.append(text, at));
@@ -382,9 +386,16 @@ void Like(Call& call) {
     call.Return(static_cast<std::int64_t>(matches));
 }
 
-void Top(Call& call) {
-    if (call.Integer(0) < 0) Refuse(1060, "The number of rows provided for a TOP clause must not be negative.");
-    call.Return(call.Integer(0));
+// Also of Null, which is no number of rows.
+void Top(sqlite3_context* context, int count, sqlite3_value** arguments) {
+    try {
+        Call call(context, count, arguments);
+        if (call.IsNull(0)) Refuse(1060, "The number of rows provided for a TOP clause must be an integer.");
+        if (call.Integer(0) < 0) Refuse(1060, "The number of rows provided for a TOP clause must not be negative.");
+        call.Return(call.Integer(0));
+    } catch (...) {
+        ReportFailure(context);
+    }
 }
 
 // (table, column)
@@ -437,7 +448,7 @@ void AddFunctions(SqliteConnection& connection) {
         {"lumo_upper", Scalar<Upper>},     {"lumo_lower", Scalar<Lower>},       {"lumo_charindex", Scalar<CharIndex>},
         {"lumo_replace", Scalar<Replace>}, {"lumo_space", Scalar<Space>},       {"lumo_abs", Scalar<Abs>},
         {"lumo_sign", Scalar<Sign>},       {"lumo_floor", Scalar<Floor>},       {"lumo_ceiling", Scalar<Ceiling>},
-        {"lumo_round", Scalar<Round>},     {"lumo_like", Scalar<Like>},         {"lumo_top", Scalar<Top>},
+        {"lumo_round", Scalar<Round>},     {"lumo_like", Scalar<Like>},         {"lumo_top", Top},
         {"lumo_no_null", Scalar<NoNull>},
     };
     constexpr int kFlags = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;

@@ -26,22 +26,24 @@ void PlanStore::Keep(std::shared_ptr<Plan> plan) {
     plans_.push_front(std::move(plan));
     // The key is the text of a plan of that shape; any of them will do, as long as it lives.
     const std::string_view shape = plans_.front()->shape;
-    const auto found = by_shape_.find(shape);
-    if (found == by_shape_.end()) {
-        by_shape_.emplace(shape, Variants{plans_.begin()});
-    } else {
-        found->second.push_back(plans_.begin());
+    try {
+        by_shape_[shape].push_back(plans_.begin());
+    } catch (...) {
+        // Each plan of the list has its place in the table.
+        if (const auto found = by_shape_.find(shape); found != by_shape_.end() && found->second.empty()) {
+            by_shape_.erase(found);
+        }
+        plans_.pop_front();
+        throw;
     }
 }
 
 void PlanStore::Remove(Plans::iterator plan) {
-    const auto found = by_shape_.find((*plan)->shape);
-    Variants rest = std::move(found->second);
-    by_shape_.erase(found);
-    std::erase(rest, plan);
-    if (!rest.empty()) {
-        const std::string_view shape = (*rest.front())->shape;
-        by_shape_.emplace(shape, std::move(rest));
+    auto entry = by_shape_.extract((*plan)->shape);
+    std::erase(entry.mapped(), plan);
+    if (!entry.mapped().empty()) {
+        entry.key() = (*entry.mapped().front())->shape;
+        by_shape_.insert(std::move(entry));
     }
     plans_.erase(plan);
 }

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <list>
 #include <memory>
+#include <set>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -36,6 +37,8 @@ struct Plan {
     std::vector<Fixed> fixed;
     Batch batch;
     Variables variables;
+    /// Tables that the text itself changes.
+    std::set<std::string> changed_tables;
     /// Every statement is compiled.
     bool whole = true;
 

@@ -75,6 +75,7 @@ inline constexpr int kReadFailed = 823;
 inline constexpr int kDamaged = 824;
 inline constexpr int kTwiceInFrom = 1013;
 inline constexpr int kFull = 1105;
+inline constexpr int kTooBig = 7119;
 inline constexpr int kLockTimeout = 1222;
 inline constexpr int kNoKeyThere = 1776;
 inline constexpr int kUnknownKeyColumn = 1911;

@@ -1,6 +1,7 @@
 #include <LumoConnection/embedded/run.h>
 
 #include <new>
+#include <utility>
 
 #include <LumoSeminar/frame/clock.h>
 
@@ -28,6 +29,10 @@ void Runner::RunAll(std::vector<StatementPtr>& statements) {
 void Runner::RunOne(Statement& statement) {
     SqliteConnection& connection = database_.connection_;
     try {
+        if (tables_went_back_) {
+            // What was compiled of this text may name tables that are gone.
+            Refuse(Refused::kStorage, "ROLLBACK took back changes of tables. Run what follows it as a text of its own.");
+        }
         if (!statement.is_compiled) {
             database_.Compile(plan_, statement, literals_);
             variables_.resize(plan_.variables.all.size());
@@ -36,7 +41,7 @@ void Runner::RunOne(Statement& statement) {
         anything_ran_ = true;
     } catch (Refusal& refusal) {
         for (const auto& compiled : statement.compiled) compiled->statement.Reset();
-        if (connection.InTransaction() && database_.transactions_ == 0) connection.Run("ROLLBACK");
+        if (database_.transactions_ == 0) connection.TakeBack();
         if (refusal.Place() == kNoPlace) refusal.SetPlace(statement.place);
         if (!outcome_.refusal) outcome_.refusal = refusal;
         database_.row_count_ = 0;
@@ -62,7 +67,11 @@ void Runner::RunNode(Statement& statement) {
     } else if (auto* declare = statement.If<DeclareStatement>()) {
         std::size_t at = 0;
         for (const auto& variable : declare->variables) {
-            if (variable.value) Assign(variable.slot, SingleValue(*statement.compiled[at++]));
+            if (!variable.value) continue;
+            CompiledStatement& value = *statement.compiled[at++];
+            Assign(variable.slot, SingleValue(value));
+            // A statement that is left half way would keep its view of the file.
+            value.statement.Reset();
         }
     } else if (const auto* set = statement.If<SetStatement>()) {
         Assign(set->slot, SingleValue(*statement.compiled.front()));
@@ -247,7 +256,7 @@ bool Runner::Begin(bool in_memory_too) {
     database_.begin_.Step(database_.connection_);
     database_.begin_.Reset();
     if (database_.InMemory() || !database_.Refresh()) return true;
-    database_.connection_.Run("ROLLBACK");
+    database_.connection_.TakeBack();
     StartOver();
     return false;
 }
@@ -322,12 +331,9 @@ void Runner::RunTransaction(TransactionStep step) {
                 Refuse(Refused::kRollbackWithout, "The ROLLBACK TRANSACTION request has no corresponding BEGIN TRANSACTION.");
             }
             open = 0;
-            database_.connection_.Run("ROLLBACK");
-            if (database_.schema_touched_) {
-                database_.schema_touched_ = false;
-                database_.Load();
-                // What was compiled of this text may name tables that are gone.
-                stopped_ = true;
+            if (std::exchange(database_.schema_touched_, false)) tables_went_back_ = database_.stale_ = true;
+            if (const int code = database_.connection_.TakeBack(); database_.connection_.InTransaction()) {
+                database_.connection_.RefuseFailure(code);
             }
             return;
     }

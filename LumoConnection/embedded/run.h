@@ -71,6 +71,7 @@ class Runner {
     bool anything_ran_ = false;
     bool stopped_ = false;
     bool start_over_ = false;
+    bool tables_went_back_ = false;
     std::size_t place_ = 0;
 };
 

@@ -18,8 +18,8 @@ class Savepoint {
             connection_.Run("ROLLBACK TO lumo_definition");
             connection_.Run("RELEASE lumo_definition");
         } catch (...) {
-            // SQLite has taken back the whole transaction already.
-            return;
+            // Half of it must not stay.
+            connection_.TakeBack();
         }
     }
     Savepoint(const Savepoint&) = delete;
@@ -34,6 +34,17 @@ class Savepoint {
     SqliteConnection& connection_;
     bool kept_ = false;
 };
+
+// A CHECK sees the row alone.
+void RefuseMoreThanTheRow(const Expression& expression) {
+    if (InnerSelect(expression)) {
+        Refuse(1046, "Subqueries are not allowed in this context. Only scalar expressions are allowed.", expression.place);
+    }
+    if (expression.If<AmbientNode>()) {
+        RefuseNotCovered("A CHECK that depends on the moment, the user or the last statement", expression.place);
+    }
+    for (const Expression* child : Children(expression)) RefuseMoreThanTheRow(*child);
+}
 
 [[noreturn]] void RefuseDuplicate(const Table& table, const Key& key) {
     Refuse(1505, "The CREATE UNIQUE INDEX statement terminated because a duplicate key was found for the object name 'dbo." +
@@ -51,6 +62,7 @@ void Runner::RunCreateTable(const CreateTableStatement& create) {
         // The tree is not used again: a definition is never kept as a plan.
         auto& condition = const_cast<CheckDefinition&>(check).condition;
         Checker(database_.catalog_, plan_.variables, literals_, fixed).CheckRowCondition(condition, *table);
+        RefuseMoreThanTheRow(*condition);
     }
     for (const ColumnDefinition& column : create.elements.columns) {
         if (column.default_value) WorkOut(column.default_value->text, column.type);
@@ -59,8 +71,7 @@ void Runner::RunCreateTable(const CreateTableStatement& create) {
     database_.Remember(table->name, table->name, create.text);
     savepoint.Keep();
     Commit();
-    database_.catalog_.Put(std::move(table));
-    database_.SchemaChanged();
+    database_.TableChanged(std::move(table));
 }
 
 // The value of a default as SQLite writes it.
@@ -107,8 +118,7 @@ void Runner::RunAlter(const AlterTableStatement& alter) {
     database_.Remember(table->name, table->name, alter.text);
     savepoint.Keep();
     Commit();
-    database_.catalog_.Put(std::move(table));
-    database_.SchemaChanged();
+    database_.TableChanged(std::move(table));
 }
 
 void Runner::RunCreateIndex(const CreateIndexStatement& create) {
@@ -123,8 +133,7 @@ void Runner::RunCreateIndex(const CreateIndexStatement& create) {
     database_.Remember(table->name, create.name, create.text);
     savepoint.Keep();
     Commit();
-    database_.catalog_.Put(std::move(table));
-    database_.SchemaChanged();
+    database_.TableChanged(std::move(table));
 }
 
 void Runner::RunDropTable(const DropTableStatement& drop) {
@@ -150,8 +159,7 @@ void Runner::RunDropTable(const DropTableStatement& drop) {
         forget.Reset();
         savepoint.Keep();
         Commit();
-        database_.catalog_.Drop(folded);
-        database_.SchemaChanged();
+        database_.TableDropped(folded);
     }
 }
 
@@ -182,8 +190,7 @@ void Runner::RunDropIndex(const DropIndexStatement& drop) {
     savepoint.Keep();
     Commit();
     table->keys.erase(key);
-    database_.catalog_.Put(std::move(table));
-    database_.SchemaChanged();
+    database_.TableChanged(std::move(table));
 }
 
 }  // namespace LumoConnection::Embedded

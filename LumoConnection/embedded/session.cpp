@@ -20,6 +20,8 @@ using Embedded::Refusal;
 namespace {
 
 constexpr Int32 kDefaultTimeout = 30;
+constexpr const char* kOutOfMemoryText = "There is insufficient memory to run this text.";
+constexpr const char* kTakenBackText = " The open transaction has been taken back.";
 
 Text SystemUser() {
     const passwd* entry = getpwuid(geteuid());
@@ -58,11 +60,37 @@ class EmbeddedSession::State : public Object {
 
     Ref<RecordSet> rows;
     Ref<RecordSet> rows_before_refusal;
+    /// For a text that yields none; made before it runs, as nothing may fail behind it.
+    Ref<RecordSet> no_rows;
     std::vector<Embedded::Type> types;
     Int32 error_number = 0;
     Text error_text;
     std::optional<ErrorPlace> error_place;
+    bool taken_back = false;
     Int32 affected = -1;
+
+    void Clear() {
+        error_number = 0;
+        error_text.clear();
+        error_place.reset();
+        taken_back = false;
+        affected = -1;
+    }
+
+    // Needs no memory.
+    void FailOutOfMemory() noexcept {
+        error_number = Refused::kOutOfMemory;
+        error_text.clear();
+        error_place.reset();
+    }
+
+    // A text is there after each failure, also where there was no memory for one.
+    Text ErrorText() const {
+        if (error_number == 0) return {};
+        Text text = error_text.empty() ? kOutOfMemoryText : error_text;
+        if (taken_back) text += kTakenBackText;
+        return text;
+    }
 
     void Fail(Int32 number, Text text) {
         error_number = number;
@@ -71,33 +99,43 @@ class EmbeddedSession::State : public Object {
 
     // Like Execute(), but forgets no rows.
     bool Try(const Text& sql, Outcome& outcome) {
-        error_number = 0;
-        error_text.clear();
-        error_place.reset();
-        affected = -1;
-        if (!database) {
-            Fail(Refused::kNotOpen, connection_text.empty() ? "The session is not connected." : "The connection is closed.");
-            return false;
-        }
+        Clear();
         try {
+            if (!database) {
+                Fail(Refused::kNotOpen, connection_text.empty() ? "The session is not connected." : "The connection is closed.");
+                return false;
+            }
+            if (!no_rows) no_rows = New<StoredRows>(StoredRows::Names());
+            rows_before_refusal.Reset();
             outcome = database->Run(sql);
-        } catch (const Refusal& refusal) {
-            outcome.refusal = refusal;
+            if (outcome.rows) rows_before_refusal = Ref<StoredRows>(outcome.rows);
+            taken_back = outcome.taken_back;
+            affected = static_cast<Int32>(std::clamp<std::int64_t>(outcome.affected, -1, std::numeric_limits<Int32>::max()));
+            if (outcome.refusal) {
+                Fail(outcome.refusal->Number(), outcome.refusal->Text());
+                if (outcome.refusal->Place() != kNoPlace) error_place = PlaceIn(sql, outcome.refusal->Place());
+            } else if (outcome.out_of_memory) {
+                FailOutOfMemory();
+            }
         } catch (const std::bad_alloc&) {
-            outcome.refusal = Refusal(Refused::kOutOfMemory, "There is insufficient memory to run this text.");
+            FailOutOfMemory();
         }
-        affected = static_cast<Int32>(std::clamp<std::int64_t>(outcome.affected, -1, std::numeric_limits<Int32>::max()));
-        if (!outcome.refusal) return true;
-        Fail(outcome.refusal->Number(), outcome.refusal->Text());
-        if (outcome.refusal->Place() != kNoPlace) error_place = PlaceIn(sql, outcome.refusal->Place());
-        return false;
+        return error_number == 0;
     }
 
     bool Open(const Text& text, const Text& user_name, Int32 seconds) {
         Close();
-        error_number = 0;
-        error_text.clear();
-        error_place.reset();
+        Clear();
+        try {
+            return OpenTarget(text, user_name, seconds);
+        } catch (const std::bad_alloc&) {
+            FailOutOfMemory();
+        }
+        database.reset();
+        return false;
+    }
+
+    bool OpenTarget(const Text& text, const Text& user_name, Int32 seconds) {
         try {
             EmbeddedTarget target = ReadEmbeddedTarget(text);
             Embedded::Database::Options options;
@@ -114,8 +152,6 @@ class EmbeddedSession::State : public Object {
             Fail(refusal.Number(), refusal.Text());
         } catch (const Error& error) {
             Fail(error.Number(), error.Description());
-        } catch (const std::bad_alloc&) {
-            Fail(Refused::kOutOfMemory, "There is insufficient memory to open the database.");
         }
         database.reset();
         return false;
@@ -140,13 +176,13 @@ class EmbeddedSession::AdoFace final : public Connection {
     void Open(const Text& connection_text, const Text& user, const Text& /*password*/, Int32 /*options*/) override {
         const Text text = connection_text.empty() ? state_->connection_text : connection_text;
         const Text name = user.empty() ? state_->user : user;
-        if (!state_->Open(text, name, state_->timeout)) Raise(state_->error_number, state_->error_text);
+        if (!state_->Open(text, name, state_->timeout)) Raise(state_->error_number, state_->ErrorText());
     }
 
     Ref<RecordSet> Execute(const Text& sql, Int32 /*options*/) override {
         Outcome outcome;
-        if (!state_->Try(sql, outcome)) Raise(state_->error_number, state_->error_text);
-        if (!outcome.rows) return New<StoredRows>(StoredRows::Names());
+        if (!state_->Try(sql, outcome)) Raise(state_->error_number, state_->ErrorText());
+        if (!outcome.rows) return std::move(state_->no_rows);
         return Ref<StoredRows>(std::move(outcome.rows));
     }
 
@@ -173,10 +209,8 @@ Bool EmbeddedSession::OpenSelect(const Text& sql) {
     Outcome outcome;
     const bool ok = state.Try(sql, outcome);
     state.types = std::move(outcome.types);
-    if (outcome.rows) state.rows_before_refusal = Ref<StoredRows>(std::move(outcome.rows));
     if (!ok) return false;
-    state.rows = state.rows_before_refusal;
-    if (!state.rows) state.rows = New<StoredRows>(StoredRows::Names());
+    state.rows = state.rows_before_refusal ? state.rows_before_refusal : std::move(state.no_rows);
     return true;
 }
 
@@ -186,15 +220,20 @@ Bool EmbeddedSession::ExecuteSql(const Text& sql) {
 }
 
 Variant EmbeddedSession::LookupValue(const Text& expression, const Text& table, const Text& where) {
-    Text sql = "SELECT " + expression + " FROM " + table;
-    if (!where.empty()) sql += " WHERE " + where;
-    Outcome outcome;
-    if (!state_->Try(sql, outcome) || !outcome.rows || outcome.rows->Eof()) return Variant::Null();
-    RecordSet& rows = *outcome.rows;
-    return rows.Fields().Item(Int16{0}).Value();
+    try {
+        Text sql = "SELECT " + expression + " FROM " + table;
+        if (!where.empty()) sql += " WHERE " + where;
+        Outcome outcome;
+        if (!state_->Try(sql, outcome) || !outcome.rows || outcome.rows->Eof()) return Variant::Null();
+        RecordSet& rows = *outcome.rows;
+        return rows.Fields().Item(Int16{0}).Value();
+    } catch (const std::bad_alloc&) {
+        state_->FailOutOfMemory();
+        return Variant::Null();
+    }
 }
 
-Text EmbeddedSession::LastErrorText() { return state_->error_text; }
+Text EmbeddedSession::LastErrorText() { return state_->ErrorText(); }
 Int32 EmbeddedSession::LastErrorNumber() const { return state_->error_number; }
 std::optional<ErrorPlace> EmbeddedSession::LastErrorPlace() const { return state_->error_place; }
 Int32 EmbeddedSession::RowsAffected() const { return state_->affected; }

@@ -64,7 +64,7 @@ class EmbeddedSession final : public DataSession {
     /// The server's names of the column types of the last OpenSelect: "int", "nvarchar(20)", ...
     std::vector<Text> ColumnTypes() const;
 
-    /// Rows of the last OpenSelect or ExecuteSql even where a later statement of the text was refused.
+    /// Rows of the last text, however it was run, even where a later statement of it was refused.
     Ref<RecordSet> RowsBeforeRefusal() const;
 
     /// Closes the file; an open transaction is taken back. Row sets stay readable. May be opened again.

@@ -208,7 +208,7 @@ TEST(EmbeddedSession, RefusesFilesThatAreNoDatabaseOfItsKind) {
     std::ofstream(folder.File("text.db")) << std::string(5000, 'x');
     EmbeddedSession session;
     EXPECT_FALSE(session.Connect("Provider=Embedded;Data Source=" + folder.File("text.db"), "", "", 1));
-    EXPECT_EQ(session.LastErrorText(), "The file is no database.");
+    EXPECT_EQ(session.LastErrorText(), "The file '" + folder.File("text.db") + "' is no database.");
     const auto make = [&](const std::string& name, const char* sql) {
         sqlite3* raw = nullptr;
         sqlite3_open(folder.File(name).c_str(), &raw);

@@ -1,8 +1,13 @@
 #include <LumoConnection/embedded/sqlite.h>
 
+#include <unistd.h>
+
 #include <algorithm>
+#include <array>
+#include <cerrno>
 #include <limits>
 #include <new>
+#include <system_error>
 
 #include <LumoConnection/embedded/collation.h>
 #include <LumoConnection/embedded/functions.h>
@@ -14,6 +19,30 @@ std::string OneLineOf(std::string text) {
     std::ranges::replace_if(
         text, [](char c) { return c == '\n' || c == '\r'; }, ' ');
     return text;
+}
+
+// Why a file could not be opened: what the operating system said, if it was asked.
+std::string WhyNotOpened(sqlite3* database, const std::string& file) {
+    const sqlite3_vfs* system = sqlite3_vfs_find(nullptr);
+    if (system && file.size() + 1 > static_cast<std::size_t>(system->mxPathname)) return "The path is too long";
+    int error = sqlite3_system_errno(database);
+    if (error == ENOENT) {
+        // SQLite's last attempt was to read a file that it could not create.
+        const auto slash = file.rfind('/');
+        const std::string folder = slash == std::string::npos ? "." : file.substr(0, slash + 1);
+        if (access(folder.c_str(), W_OK) != 0) error = errno;
+    }
+    return error != 0 ? std::system_category().message(error) : OneLineOf(sqlite3_errmsg(database));
+}
+
+[[noreturn]] void RefuseFile(const std::string& file, const std::string& why) {
+    Refuse(Refused::kCannotOpen, "The file '" + file + "' " + why + ".");
+}
+
+std::int64_t BigEndian(const std::array<unsigned char, 100>& bytes, std::size_t at) {
+    std::int64_t value = 0;
+    for (std::size_t i = 0; i < 4; ++i) value = value * 256 + bytes[at + i];
+    return value;
 }
 
 }  // namespace
@@ -47,6 +76,7 @@ Value SqliteStatement::Column(int column) const {
             return Value::Real(sqlite3_column_double(Get(), column));
         case SQLITE_TEXT: {
             const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(Get(), column));
+            if (!text) throw std::bad_alloc();
             return Value::Text({text, static_cast<std::size_t>(sqlite3_column_bytes(Get(), column))});
         }
         default:
@@ -67,33 +97,68 @@ bool SqliteStatement::Step(SqliteConnection& connection) {
 }
 
 SqliteConnection::SqliteConnection(const std::string& file, bool sync_full, int timeout_seconds) {
+    // SQLite takes a name that begins so for an address with options.
+    const std::string name = file.starts_with("file:") ? "./" + file : file;
     const int code = sqlite3_open_v2(
-        file.c_str(), &database_,
+        name.c_str(), &database_,
         SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_PRIVATECACHE, nullptr);
     if (code != SQLITE_OK) {
-        const std::string words = database_ ? sqlite3_errmsg(database_) : sqlite3_errstr(code);
-        sqlite3_close(database_);
-        database_ = nullptr;
-        if (code == SQLITE_NOMEM) throw std::bad_alloc();
-        Refuse(Refused::kCannotOpen, "The database file '" + file + "' cannot be opened: " + OneLineOf(words) + ".");
+        const std::unique_ptr<sqlite3, int (*)(sqlite3*)> closer(database_, sqlite3_close);
+        if (code == SQLITE_NOMEM || !database_) throw std::bad_alloc();
+        Refuse(Refused::kCannotOpen,
+               "The database file '" + file + "' cannot be opened: " + WhyNotOpened(database_, name) + ".");
     }
     try {
         sqlite3_extended_result_codes(database_, 1);
+        CheckHeader(file);
+        // A file that turns out to be another program's is left as it is.
+        sqlite3_db_config(database_, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
         const std::int64_t milliseconds = std::int64_t{timeout_seconds} * 1000;
         sqlite3_busy_timeout(database_,
                              static_cast<int>(std::min<std::int64_t>(milliseconds, std::numeric_limits<int>::max())));
         AddFunctions(*this);
-        AddCollation(database_);
+        if (const int added = AddCollation(database_); added != SQLITE_OK) RefuseFailure(added);
+        rollback_ = Prepare("ROLLBACK");
         Run("PRAGMA foreign_keys = ON");
         Run("PRAGMA trusted_schema = ON");
         Run(sync_full ? "PRAGMA synchronous = FULL" : "PRAGMA synchronous = NORMAL");
     } catch (...) {
-        sqlite3_close(database_);
+        // It is gone as soon as the statement is, too.
+        sqlite3_close_v2(database_);
         throw;
     }
 }
 
 SqliteConnection::~SqliteConnection() { sqlite3_close_v2(database_); }
+
+void SqliteConnection::CheckHeader(const std::string& file) {
+    sqlite3_file* raw = nullptr;
+    sqlite3_file_control(database_, "main", SQLITE_FCNTL_FILE_POINTER, &raw);
+    if (!raw || !raw->pMethods) return;
+    std::array<unsigned char, 100> header{};
+    // What cannot be read, and an empty file, is left to SQLite.
+    if (raw->pMethods->xRead(raw, header.data(), 1, 0) != SQLITE_OK) return;
+    const int code = raw->pMethods->xRead(raw, header.data(), static_cast<int>(header.size()), 0);
+    if (code != SQLITE_OK && code != SQLITE_IOERR_SHORT_READ) return;
+    constexpr std::string_view kStart("SQLite format 3", 16);
+    if (code != SQLITE_OK || !std::equal(kStart.begin(), kStart.end(), header.begin()))
+        RefuseFile(file, "is no database");
+    const std::int64_t application = BigEndian(header, 68);
+    if (application != 0 && application != kApplication) RefuseFile(file, "is a database of another program");
+    const std::int64_t format = BigEndian(header, 60);
+    if (application == kApplication && format > kFormat) {
+        RefuseFile(file, "was written by a newer version: its format is " + std::to_string(format) + ", known is " +
+                             std::to_string(kFormat));
+    }
+}
+
+void SqliteConnection::TidyUpAtEnd() { sqlite3_db_config(database_, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 0, nullptr); }
+
+int SqliteConnection::TakeBack() noexcept {
+    if (!InTransaction()) return SQLITE_OK;
+    sqlite3_step(rollback_.Get());
+    return sqlite3_reset(rollback_.Get());
+}
 
 SqliteStatement SqliteConnection::Prepare(std::string_view sql) {
     SqliteStatement result;
@@ -129,14 +194,23 @@ void SqliteConnection::RefuseFailure(int code) {
             throw std::bad_alloc();
         case SQLITE_BUSY:
         case SQLITE_LOCKED:
+        case SQLITE_PROTOCOL:
             Refuse(Refused::kLockTimeout, "Lock request time out period exceeded: another session keeps the database locked.");
         case SQLITE_FULL:
             Refuse(Refused::kFull, "Could not allocate space for the database: the disk is full.");
         case SQLITE_READONLY:
+            if (code != SQLITE_READONLY && code != SQLITE_READONLY_DBMOVED) {
+                Refuse(Refused::kReadOnly,
+                       "The database is read-only: in the folder of its file nothing may be written, which is needed even for reading.");
+            }
             Refuse(Refused::kReadOnly, "Failed to update the database because the database is read-only.");
         case SQLITE_IOERR:
+            if (code == SQLITE_IOERR_NOMEM) throw std::bad_alloc();
             Refuse(Refused::kReadFailed,
-                   "The operating system returned an error while the database file was read or written: " + words + ".");
+                   "The operating system returned an error while the database file was read or written: " + words +
+                       " (" + std::to_string(code) + ").");
+        case SQLITE_TOOBIG:
+            Refuse(Refused::kTooBig, "A value or a text is longer than the database can hold.");
         case SQLITE_CORRUPT:
             Refuse(Refused::kDamaged, "The database file is damaged: " + words + ".");
         case SQLITE_NOTADB:

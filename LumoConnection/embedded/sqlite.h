@@ -15,6 +15,10 @@ namespace LumoConnection::Embedded {
 
 class SqliteConnection;
 
+/// What a file of ours says of itself: "Lumo", and the newest format that is read.
+inline constexpr std::int64_t kApplication = 0x4C756D6F;
+inline constexpr std::int64_t kFormat = 1;
+
 /// A prepared statement.
 class SqliteStatement {
   public:
@@ -23,7 +27,6 @@ class SqliteStatement {
     explicit operator bool() const { return statement_ != nullptr; }
     sqlite3_stmt* Get() const { return statement_.get(); }
 
-    void BindNull(int parameter) { sqlite3_bind_null(Get(), parameter); }
     /// A text is not copied: it has to live until the statement is reset.
     void Bind(int parameter, const Value& value);
     Value Column(int column) const;
@@ -59,6 +62,10 @@ class SqliteConnection {
     void Run(const std::string& sql) { Run(sql.c_str()); }
     /// The first column of the first row.
     std::int64_t Number(const char* sql);
+    /// Takes back the open transaction, if there is one. Gives SQLite's result code.
+    int TakeBack() noexcept;
+    /// From now on the last connection to the file, when it is closed, moves what was written into the file itself.
+    void TidyUpAtEnd();
     std::int64_t Changes() const { return sqlite3_changes64(database_); }
     bool InTransaction() const { return sqlite3_get_autocommit(database_) == 0; }
 
@@ -69,7 +76,11 @@ class SqliteConnection {
     std::optional<Refusal>& Pending() { return pending_; }
 
   private:
+    /// Refuses a file that is none of SQLite's, or another program's, before SQLite has touched it.
+    void CheckHeader(const std::string& file);
+
     sqlite3* database_ = nullptr;
+    SqliteStatement rollback_;
     std::optional<Refusal> pending_;
 };
 

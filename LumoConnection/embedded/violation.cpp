@@ -17,16 +17,16 @@ class Attempt {
             connection_.Run("ROLLBACK TO lumo_attempt");
             connection_.Run("RELEASE lumo_attempt");
         } catch (...) {
-            // SQLite has taken back the whole transaction already.
-            return;
+            // Half of it must not stay.
+            connection_.TakeBack();
         }
     }
     Attempt(const Attempt&) = delete;
     Attempt& operator=(const Attempt&) = delete;
 
     void Keep() {
-        open_ = false;
         connection_.Run("RELEASE lumo_attempt");
+        open_ = false;
     }
 
   private:

@@ -1,0 +1,1 @@
+SELECT YEAR(Tag), DATEADD(month, 1, Tag), DATEDIFF(day, Tag, '31.12.2012'), CONVERT(varchar(10), Tag, 104) FROM Termin WHERE Tag BETWEEN '01.01.2012' AND getdate()

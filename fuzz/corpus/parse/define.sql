@@ -1,0 +1,1 @@
+CREATE TABLE Neu (a int NOT NULL PRIMARY KEY, b nvarchar(9) NULL DEFAULT 'x' CHECK (b <> ''), c money NULL REFERENCES Ort (Nr)) INSERT INTO Neu (a) VALUES (1) SELECT * FROM Neu

@@ -1,0 +1,1 @@
+DELETE FROM Termin FROM Termin t INNER JOIN Ort o ON o.Nr = t.Ort WHERE o.Name = 'Bonn'

@@ -1,0 +1,1 @@
+INSERT INTO Leer SELECT Nr, Klein, Preis FROM Ort WHERE Preis > 0

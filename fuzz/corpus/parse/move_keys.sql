@@ -1,0 +1,1 @@
+UPDATE Termin SET Nr = Nr + 1

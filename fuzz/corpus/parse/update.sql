@@ -1,0 +1,1 @@
+UPDATE Ort SET Preis = Preis * 2, Name = UPPER(Name) WHERE Nr = 1

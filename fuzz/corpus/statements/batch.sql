@@ -1,0 +1,1 @@
+DECLARE @a int, @b nvarchar(5) SET @a = 2 SELECT @b = Name FROM Ort WHERE Nr = @a IF @a > 1 BEGIN UPDATE Ort SET Preis = @a SELECT @b, @@ROWCOUNT END ELSE SELECT 0

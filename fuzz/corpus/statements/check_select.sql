@@ -1,0 +1,1 @@
+CREATE TABLE Neu (a int NOT NULL PRIMARY KEY, b nvarchar(9) NULL CHECK ((SELECT TOP 1 b FROM Leer) <> ''))

@@ -1,0 +1,1 @@
+CREATE TABLE Neu (a int NOT NULL PRIMARY KEY, b nvarchar(9) NULL CHECK (SYSTEM_USER <> ''))

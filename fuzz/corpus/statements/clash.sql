@@ -1,0 +1,1 @@
+INSERT INTO Ort VALUES (7, 'a', 1, 1), (1, 'b', 2, 2) SELECT COUNT(*) FROM Ort

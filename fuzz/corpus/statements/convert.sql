@@ -1,0 +1,1 @@
+SELECT CONVERT(int, '12'), CAST(1.5 AS money), CONVERT(datetime, '01.02.2012', 104), CAST('x' AS nvarchar(3)), CONVERT(tinyint, 255), CONVERT(real, 0.1)

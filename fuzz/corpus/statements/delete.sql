@@ -1,0 +1,1 @@
+DELETE FROM Termin WHERE Ort IS NULL

@@ -1,0 +1,1 @@
+DELETE FROM Termin DROP TABLE Termin SELECT * FROM Ort

@@ -1,0 +1,1 @@
+SELECT Nr + 1, -Preis * 2, Preis / 3, Nr % 2, Name + N'x', CASE WHEN Klein IS NULL THEN 'leer' ELSE STR(Klein, 4) END FROM Ort

@@ -1,0 +1,1 @@
+SELECT ( SELECT MAX ( Nr ) FROM Termin WHERE Termin . Ort = Ort . Nr ) , 2 FROM Ort WHERE Nr IN ( SELECT Ort FROM Termin real ) AND NOT EXISTS ( SELECT 1 , 2 Wert FROM Leer WHERE a = Ort . Nr HAVING COUNT ( * ) >= STR ( COALESCE ( 1 , NULL , 'x' ) , 5 , 2 ) )

@@ -1,0 +1,1 @@
+INSERT INTO Ort (Nr, Name) VALUES (4, N'Ulm'), (5, DEFAULT)

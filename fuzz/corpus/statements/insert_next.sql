@@ -1,0 +1,1 @@
+INSERT INTO Termin (Nr, Ort) SELECT ISNULL(MAX(Nr), 0) + 1, 1 FROM Termin

@@ -1,0 +1,1 @@
+SELECT Nr , 1 , 'b' COUNT FROM Termin COUNT ORDER BY SUM ( 1e308 )

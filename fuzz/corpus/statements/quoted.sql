@@ -1,0 +1,1 @@
+select [Nr], "Name" from dbo.[Ort] /* c */ where [Ort].Nr = 1 -- end

@@ -1,0 +1,1 @@
+SELECT o.Nr, o.Name, COUNT(*) AS Anzahl FROM Ort o LEFT JOIN Termin t ON t.Ort = o.Nr WHERE o.Nr > 0 GROUP BY o.Nr, o.Name HAVING COUNT(*) >= 1 ORDER BY Anzahl DESC, 1

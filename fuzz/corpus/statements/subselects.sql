@@ -1,0 +1,1 @@
+SELECT (SELECT MAX(Nr) FROM Termin WHERE Termin.Ort = Ort.Nr) FROM Ort WHERE Nr IN (SELECT Ort FROM Termin) AND NOT EXISTS (SELECT * FROM Leer WHERE a = Ort.Nr)

@@ -1,0 +1,1 @@
+SELECT LTRIM(RTRIM(Name)), LEFT(Name, 2), SUBSTRING(Name, 2, 3), UPPER(Name), LEN(Name), REPLACE(Name, 'o', 'ö') FROM Ort WHERE Name LIKE N'K%n' OR Name LIKE '[a-c]_'

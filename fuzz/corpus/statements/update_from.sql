@@ -1,0 +1,1 @@
+UPDATE Termin SET Wert = o.Preis FROM Termin INNER JOIN Ort o ON o.Nr = Termin.Ort WHERE o.Nr < 3
