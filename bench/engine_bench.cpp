@@ -13,6 +13,7 @@
 #include <LumoConnection/embedded/check.h>
 #include <LumoConnection/embedded/lexer.h>
 #include <LumoConnection/embedded/parser.h>
+#include <LumoConnection/embedded/plan.h>
 #include <LumoConnection/embedded/print.h>
 #include <LumoConnection/embedded/session.h>
 #include <LumoConnection/embedded/sqlite.h>

@@ -25,6 +25,24 @@ constexpr std::array<std::uint8_t, 256> MakeClasses() {
 
 constexpr auto kClasses = MakeClasses();
 
+// What SkipPlain does with a character that a token begins with.
+enum class Skip : std::uint8_t { kStop, kOne, kName };
+
+constexpr std::array<Skip, 256> MakeSkips() {
+    std::array<Skip, 256> skips{};
+    for (std::size_t c = 0; c < skips.size(); ++c) {
+        if (kClasses[c] == kBlank) skips[c] = Skip::kOne;
+        if (kClasses[c] == kLetter) skips[c] = Skip::kName;
+    }
+    for (const char c : {',', ';', '(', ')', '+', '*', '%', '=', '<', '>'}) {
+        skips[static_cast<unsigned char>(c)] = Skip::kOne;
+    }
+    skips['$'] = Skip::kStop;
+    return skips;
+}
+
+constexpr auto kSkips = MakeSkips();
+
 constexpr std::uint8_t ClassOf(char c) { return kClasses[static_cast<unsigned char>(c)]; }
 constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
@@ -149,6 +167,23 @@ Token Scanner::Number(std::size_t start) {
     return token;
 }
 
+void Scanner::SkipPlain() {
+    const char* at = text_.data() + at_;
+    const char* const end = text_.data() + text_.size();
+    while (at != end) {
+        const Skip skip = kSkips[static_cast<unsigned char>(*at)];
+        if (skip == Skip::kOne) {
+            ++at;
+            continue;
+        }
+        const bool unicode_text = (*at == 'N' || *at == 'n') && at + 1 != end && at[1] == '\'';
+        if (skip == Skip::kStop || unicode_text) break;
+        do ++at;
+        while (at != end && ClassOf(*at) >= kLetter);
+    }
+    at_ = static_cast<std::size_t>(at - text_.data());
+}
+
 Token Scanner::Next() {
     SkipBlanksAndComments();
     const std::size_t start = at_;
@@ -267,6 +302,7 @@ bool ReadShape(std::string_view text, std::string& shape, std::vector<Literal>& 
     Scanner scanner(text);
     std::size_t copied = 0;
     while (true) {
+        scanner.SkipPlain();
         const Token token = scanner.Next();
         switch (token.kind) {
             case TokenKind::kLiteral:

@@ -20,6 +20,10 @@ class Scanner {
     /// The next token; keywords are not told from names here.
     Token Next();
 
+    /// Passes over names, blanks and marks that stand for themselves: all up to the next literal, quoted name or
+    /// comment, or what is no token. Next() would give the same tokens one by one.
+    void SkipPlain();
+
     /// Offset behind the token read last.
     std::size_t Position() const { return at_; }
 
