@@ -467,6 +467,7 @@ std::string LoadShape(unsigned number) {
 std::string ListShape(unsigned number) {
     const auto columns = ShuffledColumns(number);
     return "SELECT DISTINCT k." + columns[0] + ", k." + columns[1] + ", t.Bemerkung AS " + columns[2] +
+           std::to_string(number) +
            " FROM Sem_Teilnehmer_IT t INNER JOIN Sem_Katalog_IT k ON t.SemTerminID = k.SemID "
            "WHERE k.SemID = 0 AND k." +
            columns[3] + " IS NOT NULL AND t.Teilnahme = -1 AND (t.ANNr = 100 OR t.MDNr = 5) ORDER BY k." + columns[0] +
