@@ -17,3 +17,10 @@
 #include <LumoSeminar/frame/text_form.h>
 #include <LumoSeminar/frame/types.h>
 #include <LumoSeminar/frame/variant.h>
+#include <LumoSeminar/scheduling/clsSerie.h>
+#include <LumoSeminar/scheduling/clsTermin.h>
+#include <LumoSeminar/scheduling/clsTerminTag.h>
+#include <LumoSeminar/scheduling/colSerie.h>
+#include <LumoSeminar/scheduling/colTermine.h>
+#include <LumoSeminar/scheduling/colTerminTage.h>
+#include <LumoSeminar/scheduling/organiser_venue.h>

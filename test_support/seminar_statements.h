@@ -28,6 +28,15 @@ inline std::string SelectKeys(int client) {
     return "SELECT SemID FROM Sem_Katalog_IT WHERE (MDNr = " + std::to_string(client) + " or MDNR = -1)";
 }
 
+/// The dates of a seminar.
+inline std::string SelectDates(int seminar, int client) {
+    return "SELECT SemTerminID, EndeDatum, Titel, Code  FROM Sem_Termin_IT  WHERE (SemID = " + std::to_string(seminar) +
+           ") AND (MDNr = " + std::to_string(client) +
+           " OR MDNr = -1)  ORDER BY ISNULL(Endedatum,GetDate()) DESC,SemTerminID ASC ";
+}
+
+inline const std::vector<std::string> kDateColumns = {"SemTerminID", "EndeDatum", "Titel", "Code"};
+
 inline const std::vector<std::string> kColumns = {"MDNr",          "SemCode",      "SemTitel",       "Sachbearbeiter",
                                                   "Status",        "InhaltZielID", "TeilnehmerMIN",  "TeilnehmerMAX",
                                                   "TeilnehmerOPT", "Stunden",      "Sitzungen",      "SerienID",

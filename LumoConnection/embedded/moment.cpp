@@ -216,8 +216,10 @@ bool TicksOf(const Civil& civil, Ticks& ticks) {
 }
 
 DateTime DateTimeOf(Ticks ticks) {
-    const Ticks day = FloorDay(ticks) + kOffsetToDateTime;
-    const Ticks time = ticks - FloorDay(ticks) * kTicksPerDay;
+    const Ticks floor = FloorDay(ticks);
+    const Ticks day = floor + kOffsetToDateTime;
+    const Ticks time = ticks - floor * kTicksPerDay;
+    if (time == 0) return DateTime(static_cast<double>(day));
     const Ticks milliseconds = (time * 10 + 1) / 3;
     constexpr double kMillisecondsPerDay = 86'400'000;
     const double fraction = static_cast<double>(milliseconds) / kMillisecondsPerDay;

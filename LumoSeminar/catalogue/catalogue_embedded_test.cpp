@@ -179,6 +179,24 @@ TEST(CatalogueForReal, RemoveDeletesAReadSeminarOnly) {
     EXPECT_EQ(Value(*session, "SELECT COUNT(*) FROM Sem_Katalog_IT"), Variant(41));
 }
 
+TEST(CatalogueForReal, ASeminarWithADateIsNotRemovedUntilTheDateIsGone) {
+    const auto session = SchemaDatabase();
+    const auto seminar = Bound(session, 0);
+    seminar->SemTitel("Erste Hilfe für Prüfer");
+    seminar->WriteToDatabase();
+    ASSERT_TRUE(session->ExecuteSql("INSERT INTO Sem_Termin_IT (SemTerminID, MDNr, SemID) VALUES (17, 0, 1)"));
+    for (const Int32 left : {1, 0}) {
+        colSeminare list;
+        list.Init(0, session);
+        EXPECT_EQ(list.Item(1)->colTermine()->Count(), left);
+        list.Item(1)->Status();
+        list.Remove(1);
+        EXPECT_EQ(list.Count(), left);
+        EXPECT_EQ(Value(*session, "SELECT COUNT(*) FROM Sem_Katalog_IT"), Variant(left));
+        ASSERT_TRUE(session->ExecuteSql("DELETE FROM Sem_Termin_IT"));
+    }
+}
+
 TEST(CatalogueForReal, TextsOfAllKindsEitherComeBackOrAreRefusedWithoutATrace) {
     const auto session = SchemaDatabase();
     const struct {

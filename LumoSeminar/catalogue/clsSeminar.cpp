@@ -3,6 +3,7 @@
 #include <LumoSeminar/frame/session_calls.h>
 #include <LumoSeminar/frame/statement.h>
 #include <LumoSeminar/frame/text_form.h>
+#include <LumoSeminar/scheduling/colTermine.h>
 
 namespace LumoSeminar {
 namespace {
@@ -66,10 +67,23 @@ constexpr Statement kDelete(kColumns, "DELETE FROM Sem_Katalog_IT WHERE SemID = 
 
 }  // namespace
 
-clsSeminar::~clsSeminar() { session_.Reset(); }
+clsSeminar::~clsSeminar() {
+    session_.Reset();
+    colTermine_.Reset();
+}
 
 Text clsSeminar::Key() try { return KeyText(row_.SemID); } catch (...) {
     RaiseLabelled(" LumoSeminar062.clsSeminar.Key");
+}
+
+Ref<LumoSeminar::colTermine> clsSeminar::colTermine() try {
+    if (!colTermine_ && PropertiesInit()) {
+        colTermine_ = New<LumoSeminar::colTermine>();
+        colTermine_->Init(row_.SemID, row_.MDNr, session_);
+    }
+    return colTermine_;
+} catch (...) {
+    RaiseLabelled(" LumoSeminar062.clsSeminar.Termine");
 }
 
 Bool clsSeminar::Init(Int32 p_lngSemID, const Ref<DataSession>& p_objData) try {
@@ -113,7 +127,7 @@ Bool clsSeminar::UpdateDatabase() try {
 }
 
 Bool clsSeminar::DeleteFromDatabase() try {
-    if (!p_blnInitialized) return false;
+    if (!p_blnInitialized || colTermine()->Count() != 0) return false;
     return ExecuteOrRaise(session_, kDelete(row_));
 } catch (...) {
     RaiseLabelled(" LumoSeminar062.clsSeminar.DeleteFromDatabase");

@@ -9,6 +9,7 @@
 namespace LumoSeminar {
 
 class colSeminare;
+class colTermine;
 
 /// A row of Sem_Katalog_IT.
 struct SeminarRow {
@@ -45,6 +46,10 @@ class clsSeminar final : public PersistentObject<SeminarRow> {
 
     /// SemID in ten digits: the key of the entry in a colSeminare. No load.
     Text Key();
+
+    /// The dates of the seminar, listed at the first get (one statement, and the load) and kept. Empty for a seminar
+    /// without a row.
+    Ref<LumoSeminar::colTermine> colTermine();
 
     /// Binds the object to a key (0: a new seminar) and a session. No statement. False with an empty session.
     Bool Init(Int32 p_lngSemID, const Ref<DataSession>& p_objData);
@@ -116,12 +121,16 @@ class clsSeminar final : public PersistentObject<SeminarRow> {
 
   private:
     friend class colSeminare;
+    class colTermine;
 
-    /// Deletes the row. One statement; none and false where the row has not been read before.
+    /// Deletes the row. One statement, and the list of dates where it has not been read yet. False where the row has
+    /// not been read before and where the seminar has dates.
     Bool DeleteFromDatabase();
 
     Bool PropertiesInit() override;
     Bool InitPropertiesByRecordset(const Ref<RecordSet>& p_objRecordset);
+
+    Ref<LumoSeminar::colTermine> colTermine_;
 };
 
 }  // namespace LumoSeminar

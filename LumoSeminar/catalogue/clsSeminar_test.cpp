@@ -4,6 +4,8 @@
 
 #include <LumoConnection/script/script_session.h>
 #include <LumoSeminar/catalogue/colSeminare.h>
+#include <LumoSeminar/scheduling/clsTermin.h>
+#include <LumoSeminar/scheduling/colTermine.h>
 #include <test_support/comma_locale.h>
 #include <test_support/failures.h>
 #include <test_support/raises.h>
@@ -435,6 +437,59 @@ TEST(clsSeminar, LetsGoOfItsSession) {
         EXPECT_FALSE(script.SessionReleased());
     }
     EXPECT_TRUE(script.SessionReleased());
+}
+
+TEST(clsSeminar, ListsItsDatesOnceBehindTheLoad) {
+    Script script;
+    script.OpenSelect(Select(5)).Rows(kColumns, {FullRow()});
+    script.AdoConnection();
+    script.OpenSelect(SelectDates(5, 5)).Rows(kDateColumns, {{17, DateTime::Of(2010, 3, 5), "Brandschutz für Führungskräfte", "BS-17"}});
+    const auto seminar = Bound(script.Session(), 5);
+    const auto dates = seminar->colTermine();
+    ASSERT_TRUE(dates);
+    EXPECT_EQ(dates->Count(), 1);
+    EXPECT_EQ(dates->Item("0000000017")->Titel(false), "Brandschutz für Führungskräfte");
+    EXPECT_EQ(seminar->colTermine(), dates);
+    EXPECT_EQ(script.Report(), "");
+}
+
+TEST(clsSeminar, HasNoListOfDatesWithoutARow) {
+    Script script;
+    script.OpenSelect(Select(5)).Rows(kColumns, {});
+    script.OpenSelect(Select(5)).Refused("time-out");
+    const auto seminar = Bound(script.Session(), 5);
+    EXPECT_FALSE(seminar->colTermine());
+    EXPECT_FALSE(seminar->colTermine());
+    EXPECT_EQ(script.Report(), "");
+}
+
+TEST(clsSeminar, KeepsAnEmptyListWhereItsDatesCouldNotBeListed) {
+    Script script;
+    script.OpenSelect(Select(5)).Rows(kColumns, {FullRow()});
+    script.AdoConnection();
+    script.OpenSelect(SelectDates(5, 5)).Refused("time-out");
+    const auto seminar = Bound(script.Session(), 5);
+    const auto dates = seminar->colTermine();
+    ASSERT_TRUE(dates);
+    EXPECT_EQ(dates->Count(), 0);
+    EXPECT_EQ(seminar->colTermine(), dates);
+    EXPECT_EQ(script.Report(), "");
+}
+
+TEST(clsSeminar, ListingItsDatesFailsAsDocumentedAtEachStep) {
+    ExpectFailures(
+        [](Script& script) {
+            script.OpenSelect(Select(5)).Rows(kColumns, {FullRow()});
+            script.AdoConnection();
+            script.OpenSelect(SelectDates(5, 5)).Rows(kDateColumns, {});
+        },
+        [](const Ref<DataSession>& session) { Bound(session, 5)->colTermine(); },
+        {{1, kNotOk},
+         {2, kNotOk, 0, {}, {"Open of the connection"}},
+         {3, kNotOk},
+         {1, kRaises, 7001, {kLabel + "PropertiesInit", kLabel + "Termine"}},
+         {2, kRaises, 7001, {" LumoSeminar062.clsColTermine.Init", kLabel + "Termine"}},
+         {3, kRaises, 7001, {" LumoSeminar062.clsColTermine.LoadKeysFromDatabase", " LumoSeminar062.clsColTermine.Init", kLabel + "Termine"}}});
 }
 
 }  // namespace

@@ -31,9 +31,9 @@ class colSeminare final : public Object {
 
     Enumerator<clsSeminar> NewEnum();
 
-    /// Deletes the row of an entry and takes the entry out of the list. One statement; none, and the entry stays, for a
-    /// seminar whose row was never read. The result is always false: look at Count. Raises 9999 where the delete is
-    /// refused.
+    /// Deletes the row of an entry and takes the entry out of the list. Two statements, the first of them the list of
+    /// its dates where that has not been read. The entry stays where it has dates, and, without a statement, where its
+    /// row was never read. The result is always false: look at Count. Raises 9999 where the delete is refused.
     Bool Remove(const Variant& p_vntIndexKey);
 
   private:

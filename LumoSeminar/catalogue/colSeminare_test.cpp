@@ -23,6 +23,7 @@ using Labels = std::vector<std::string>;
 const std::string kLabel = " LumoSeminar062.clsColSeminar.";
 const std::string kLabelOfAdd = " LumoSeminar062.clsColSeminare.Add";
 const std::string kSeminar = " LumoSeminar062.clsSeminar.";
+const std::string kDates = " LumoSeminar062.clsColTermine.";
 
 void ScriptList(Script& script, Int32 client, const std::vector<std::vector<Variant>>& keys) {
     script.AdoConnection();
@@ -33,6 +34,11 @@ Ref<colSeminare> Listed(const Ref<DataSession>& session, Int32 client) {
     auto list = New<colSeminare>();
     list->Init(client, session);
     return list;
+}
+
+void ScriptDates(Script& script, Int32 seminar, const std::vector<std::vector<Variant>>& dates) {
+    script.AdoConnection();
+    script.OpenSelect(SelectDates(seminar, 5)).Rows(kDateColumns, dates);
 }
 
 Labels LabelsOf(const std::optional<Error>& error) {
@@ -199,12 +205,40 @@ TEST(colSeminare, RemoveOfAReadSeminarDeletesAndIsFalse) {
     Script script;
     ScriptList(script, 5, {{1}, {2}});
     script.OpenSelect(Select(2)).Rows(kColumns, {FullRow()});
+    ScriptDates(script, 2, {});
     script.ExecuteSql(Delete(2));
     const auto list = Listed(script.Session(), 5);
     EXPECT_EQ(list->Item(2)->Status(), 2);
     EXPECT_EQ(list->Remove("0000000002"), false);
     EXPECT_EQ(list->Count(), 1);
     EXPECT_EQ(list->Item(1)->SemID(), 1);
+    EXPECT_EQ(script.Report(), "");
+}
+
+TEST(colSeminare, RemoveOfASeminarWithADateLeavesEverythingInPlace) {
+    Script script;
+    ScriptList(script, 5, {{2}});
+    script.OpenSelect(Select(2)).Rows(kColumns, {FullRow()});
+    ScriptDates(script, 2, {{17, Variant::Null(), "Brandschutz", "BS-17"}});
+    const auto list = Listed(script.Session(), 5);
+    list->Item(1)->Status();
+    EXPECT_EQ(list->Remove(1), false);
+    EXPECT_EQ(list->Remove(1), false) << "the dates are listed once";
+    EXPECT_EQ(list->Count(), 1);
+    EXPECT_EQ(script.Report(), "");
+}
+
+TEST(colSeminare, RemoveDeletesWhereTheDatesCannotBeListed) {
+    Script script;
+    ScriptList(script, 5, {{2}});
+    script.OpenSelect(Select(2)).Rows(kColumns, {FullRow()});
+    script.AdoConnection();
+    script.OpenSelect(SelectDates(2, 5)).Refused("Invalid object name 'Sem_Termin_IT'.");
+    script.ExecuteSql(Delete(2));
+    const auto list = Listed(script.Session(), 5);
+    list->Item(1)->Status();
+    list->Remove(1);
+    EXPECT_EQ(list->Count(), 0);
     EXPECT_EQ(script.Report(), "");
 }
 
@@ -258,6 +292,7 @@ TEST(colSeminare, ARemoveFailsAsDocumentedAtEachStep) {
         [](Script& script) {
             ScriptList(script, 5, {{1}});
             script.OpenSelect(Select(1)).Rows(kColumns, {FullRow()});
+            ScriptDates(script, 1, {});
             script.ExecuteSql(Delete(1));
         },
         [](const Ref<DataSession>& session) {
@@ -274,11 +309,15 @@ TEST(colSeminare, ARemoveFailsAsDocumentedAtEachStep) {
         {{1, kNotOk, 0, {}, {"Open of the connection"}},
          {2, kNotOk},
          {3, kNotOk},
-         {4, kNotOk, 9999, {kSeminar + "DeleteFromDatabase", kLabelOfAdd}},
+         {4, kNotOk, 0, {}, {"Open of the connection", "ExecuteSql: " + Delete(1)}},
+         {5, kNotOk, 0, {}, {"ExecuteSql: " + Delete(1)}},
+         {6, kNotOk, 9999, {kSeminar + "DeleteFromDatabase", kLabelOfAdd}},
          {1, kRaises, 7001, {kLabel + "Init"}},
          {2, kRaises, 7001, {kLabel + "LoadKeysFromDatabase", kLabel + "Init"}},
          {3, kRaises, 7001, {kSeminar + "PropertiesInit", kSeminar + "Status -> Property GET"}},
-         {4, kRaises, 7001, {kSeminar + "DeleteFromDatabase", kLabelOfAdd}}});
+         {4, kRaises, 7001, {kDates + "Init", kSeminar + "Termine", kSeminar + "DeleteFromDatabase", kLabelOfAdd}},
+         {5, kRaises, 7001, {kDates + "LoadKeysFromDatabase", kDates + "Init", kSeminar + "Termine", kSeminar + "DeleteFromDatabase", kLabelOfAdd}},
+         {6, kRaises, 7001, {kSeminar + "DeleteFromDatabase", kLabelOfAdd}}});
 }
 
 TEST(colSeminare, AnEntryOutlivesItsList) {

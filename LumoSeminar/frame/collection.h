@@ -1,13 +1,12 @@
 #pragma once
 
-#include <cstddef>
-#include <functional>
+#include <array>
+#include <cstdint>
 #include <iterator>
-#include <list>
 #include <memory>
-#include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 #include <LumoSeminar/frame/reference.h>
 #include <LumoSeminar/frame/types.h>
@@ -20,7 +19,7 @@ namespace detail {
 /// What all collections share, whatever they hold.
 class CollectionBase : public Object {
   public:
-    Int32 Count() const { return static_cast<Int32>(entries_.size()); }
+    Int32 Count() const { return count_; }
 
     /// Takes out the entry at a position or under a key. Raises as Item does.
     void Remove(const Variant& index_or_key);
@@ -29,11 +28,25 @@ class CollectionBase : public Object {
     ~CollectionBase() override = default;
 
   protected:
+    /// A short text in place, a longer one on the heap.
+    class KeyText {
+      public:
+        void Set(std::string_view text);
+        std::string_view View() const { return far_ ? std::string_view(*far_) : std::string_view(here_.data(), size_); }
+
+      private:
+        std::array<char, 23> here_;
+        std::uint8_t size_ = 0;
+        std::unique_ptr<const Text> far_;
+    };
+
     struct Entry {
         std::shared_ptr<void> item;
-        const Text* key;  // null without a key
+        KeyText key;
+        bool has_key = false;
+        Entry* before = nullptr;
+        Entry* after = nullptr;
     };
-    using Entries = std::list<Entry>;
 
     /// A place in a walk that stays good when entries are removed.
     class Place {
@@ -43,7 +56,7 @@ class CollectionBase : public Object {
         Place& operator=(const Place&) = delete;
         ~Place();
 
-        bool AtEnd() const { return at_ == of_.entries_.end(); }
+        bool AtEnd() const { return at_ == nullptr; }
         const std::shared_ptr<void>& Item() const { return item_; }
         void Next();
 
@@ -52,30 +65,42 @@ class CollectionBase : public Object {
         void Take();
 
         CollectionBase& of_;
-        Entries::iterator at_;
+        Entry* at_;
         std::shared_ptr<void> item_;
         bool moved_on_ = false;
         Place* next_;
     };
 
     void AddEntry(std::shared_ptr<void> item);
-    void AddEntry(std::shared_ptr<void> item, Text key);
+    void AddEntry(std::shared_ptr<void> item, std::string_view key);
     const std::shared_ptr<void>& Find(const Variant& index_or_key);
+    bool HasNoSuchKey(const Variant& index_or_key);
 
   private:
-    struct KeyHash {
-        using is_transparent = void;
-        std::size_t operator()(std::string_view key) const { return std::hash<std::string_view>{}(key); }
-    };
+    Entry* NewEntry();
+    void Append(Entry* entry);
+    Entry* At(const Variant& index_or_key);
+    Entry* AtPosition(Int32 position);
+    /// Null where there is no such key.
+    Entry* UnderKey(std::string_view key);
+    void BuildIndex();
 
-    void Append(std::shared_ptr<void> item, const Text* key);
-    Entries::iterator At(const Variant& index_or_key);
-    Entries::iterator AtPosition(Int32 position);
+    // Entries are made in blocks and used again when they were removed.
+    std::vector<std::unique_ptr<Entry[]>> blocks_;
+    Entry* unused_ = nullptr;
+    Entry* first_ = nullptr;
+    Entry* last_ = nullptr;
+    Int32 count_ = 0;
 
-    Entries entries_;
-    std::unordered_map<Text, Entries::iterator, KeyHash, std::equal_to<>> keys_;
+    // Lists mostly come in the order of their keys, and are asked for few of them or none. So as long as every entry
+    // has a key and the keys rise, there is no index; it is built where one does not rise, or once looking for keys has
+    // cost a step for each entry.
+    std::unordered_map<std::string_view, Entry*> index_;
+    bool indexed_ = false;
+    Int32 steps_ = 0;
+
     // The position asked for last: a walk by positions costs one step an entry.
-    Entries::iterator near_ = entries_.end();
+    Entry* near_ = nullptr;
     Int32 near_position_ = 0;
     Place* places_ = nullptr;
 };
@@ -90,11 +115,16 @@ class Collection final : public detail::CollectionBase {
     void Add(const Ref<T>& item) { AddEntry(item.Shared()); }
 
     /// Raises 457 where the key is there already.
-    void Add(const Ref<T>& item, Text key) { AddEntry(item.Shared(), std::move(key)); }
+    void Add(const Ref<T>& item, std::string_view key) { AddEntry(item.Shared(), key); }
 
     /// The entry under a key (a Text) or at a position (any number). Raises key not found (5), position out of
     /// range (9).
     Ref<T> Item(const Variant& index_or_key) { return std::static_pointer_cast<T>(Find(index_or_key)); }
+
+    /// As Item, but an empty reference for a key that is not there.
+    Ref<T> ItemOrNothing(const Variant& index_or_key) {
+        return HasNoSuchKey(index_or_key) ? nullptr : Item(index_or_key);
+    }
 
     class Iterator : Place {
       public:

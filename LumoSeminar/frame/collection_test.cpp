@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <random>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include <test_support/raises.h>
@@ -82,6 +86,90 @@ TEST(Collection, EntriesWithoutAKeyHaveAPositionOnly) {
     EXPECT_RAISES(5, things->Item("1"));
     things->Remove(1);
     EXPECT_EQ(things->Item(1), same);
+}
+
+TEST(Collection, KeysAreFoundInAnyOrderOfAddingAndAsking) {
+    const std::string long_key(40, 'x');
+    const std::vector<std::vector<std::string>> orders = {{"01", "02", "03", "04", long_key},
+                                                          {"04", "03", "02", "01", long_key},
+                                                          {long_key, "02", "04", "01", "03"},
+                                                          {"", "1", "10", "2", "ä"}};
+    for (const auto& keys : orders) {
+        const auto things = New<Collection<Thing>>();
+        for (int i = 0; i < 5; ++i) things->Add(New<Thing>(i), keys[static_cast<std::size_t>(i)]);
+        for (int round = 0; round < 3; ++round) {
+            for (std::size_t i = 5; i-- > 0;) {
+                EXPECT_EQ(things->Item(keys[i])->Number(), static_cast<int>(i));
+                EXPECT_RAISES(5, things->Item(keys[i] + "?"));
+                EXPECT_EQ(things->ItemOrNothing(keys[i])->Number(), static_cast<int>(i));
+                EXPECT_FALSE(things->ItemOrNothing("!" + keys[i]));
+            }
+        }
+        for (const auto& key : keys) EXPECT_RAISES(457, things->Add(New<Thing>(9), key));
+        EXPECT_EQ(things->Count(), 5);
+    }
+}
+
+TEST(Collection, ItemOrNothingRaisesForAPositionThatIsNotThere) {
+    const auto things = Things(1);
+    EXPECT_EQ(things->ItemOrNothing(1)->Number(), 1);
+    EXPECT_RAISES(9, things->ItemOrNothing(2));
+    EXPECT_RAISES(94, things->ItemOrNothing(Variant::Null()));
+}
+
+// Whatever way the entries are kept: against a plain list of pairs.
+TEST(Collection, IsAPlainListUnderAnyMixOfCalls) {
+    std::mt19937 random(20270301);
+    const auto Below = [&](int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); };
+    for (int round = 0; round < 200; ++round) {
+        const auto things = New<Collection<Thing>>();
+        std::vector<std::pair<std::string, int>> plain;
+        for (int step = 0; step < 120; ++step) {
+            const int number = step;
+            const bool rising = round % 2 == 0 && Below(20) != 0;
+            const std::string key = std::to_string(rising ? 10'000 + step : 10'000 + Below(150));
+            const auto known = std::ranges::find(plain, key, &std::pair<std::string, int>::first);
+            switch (Below(5)) {
+                case 0:
+                case 1:
+                    if (known == plain.end()) {
+                        things->Add(New<Thing>(number), key);
+                        plain.emplace_back(key, number);
+                    } else {
+                        EXPECT_RAISES(457, things->Add(New<Thing>(number), key));
+                    }
+                    break;
+                case 2:
+                    if (known == plain.end()) {
+                        EXPECT_RAISES(5, things->Remove(key));
+                    } else {
+                        things->Remove(key);
+                        plain.erase(known);
+                    }
+                    break;
+                case 3:
+                    if (known == plain.end()) {
+                        EXPECT_FALSE(things->ItemOrNothing(key));
+                    } else {
+                        EXPECT_EQ(things->Item(key)->Number(), known->second);
+                    }
+                    break;
+                default:
+                    if (plain.empty()) break;
+                    const int at = Below(static_cast<int>(plain.size()));
+                    EXPECT_EQ(things->Item(at + 1)->Number(), plain[static_cast<std::size_t>(at)].second);
+                    if (Below(3) == 0) {
+                        things->Remove(at + 1);
+                        plain.erase(plain.begin() + at);
+                    }
+            }
+            ASSERT_EQ(things->Count(), static_cast<Int32>(plain.size()));
+        }
+        std::vector<int> expected;
+        for (const auto& entry : plain) expected.push_back(entry.second);
+        ASSERT_EQ(Numbers(things), expected) << "round " << round;
+    }
+    EXPECT_EQ(Thing::alive, 0);
 }
 
 TEST(Collection, AKeyIsFreeAgainAfterItsRemoval) {

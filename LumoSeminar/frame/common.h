@@ -1,5 +1,7 @@
 #pragma once
 
+#include <utility>
+
 #include <LumoSeminar/frame/components.h>
 #include <LumoSeminar/frame/data_session.h>
 #include <LumoSeminar/frame/row_set.h>
@@ -51,6 +53,14 @@ Variant Nz(const Field& field, const Variant& replacement);
 
 /// The value of a field, read as Nz reads it: a failure carries the label of Nz.
 Variant ValueOf(const Field& field);
+
+/// The value of a field, or the replacement where it is Null, converted to its type. As Nz, in one step.
+template <class T>
+T FieldOr(const Field& field, T replacement) {
+    Variant value = ValueOf(field);
+    if (T* same = value.If<T>()) return std::move(*same);
+    return value.IsNull() ? std::move(replacement) : To<T>(value);
+}
 
 /// Whether the connection is open; one that is closed is opened again first.
 Bool OpenADOConnection(const Ref<Connection>& connection);

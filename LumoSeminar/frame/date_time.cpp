@@ -21,6 +21,7 @@ struct Parts {
 
 Parts Split(Double value) {
     const Double day = std::trunc(value);
+    if (day == value) return {static_cast<std::int32_t>(day), milliseconds{0}};
     Parts parts{static_cast<std::int32_t>(day), milliseconds{std::llround(std::fabs(value - day) * kDay.count())}};
     if (parts.time == kDay) {
         parts.time = milliseconds{0};

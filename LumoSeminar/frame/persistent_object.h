@@ -48,6 +48,14 @@ class PersistentObject : public Object {
         RaiseLabelled(label);
     }
 
+    /// Let of a property that loads first: stores only where the row could be read.
+    template <class T>
+    void LoadAndLet(T Row::*field, std::type_identity_t<T> value, std::string_view label) try {
+        if (PropertiesInit()) row_.*field = std::move(value);
+    } catch (...) {
+        RaiseLabelled(label);
+    }
+
     Ref<DataSession> session_;
     Row row_;
     Bool p_blnInitialized;

@@ -63,6 +63,13 @@ class Ref {
     std::shared_ptr<T> object_;
 };
 
+/// What the constructor of a class asks for that only its owner makes.
+template <class Owner>
+class MadeBy {
+    friend Owner;
+    explicit MadeBy() {}
+};
+
 /// Creates an object and the first reference to it.
 template <class T, class... Args>
 Ref<T> New(Args&&... args) {

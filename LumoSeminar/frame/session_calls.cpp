@@ -11,6 +11,11 @@ Bool ExecuteOrRaise(const Ref<DataSession>& session, const Text& sql) {
     return true;
 }
 
+Ref<RecordSet> SelectOrRaise(const Ref<DataSession>& session, const Text& sql) {
+    if (!session->OpenSelect(sql)) RaiseRefused(session->LastErrorText());
+    return session->Recordset();
+}
+
 Int32 NextKey(const Ref<DataSession>& session, const Text& expression, const Text& table, const Text& where) {
     return Add(To<Int32>(common::Nz(session->LookupValue(expression, table, where), Int32{0})), 1);
 }

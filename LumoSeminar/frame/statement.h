@@ -394,4 +394,10 @@ void LoadRow(Row& row, const Ref<RecordSet>& rows, std::span<const Column<Row>> 
     for (const Column<Row>& column : columns) column.Load(row, common::ValueOf(fields.Item(position++)));
 }
 
+/// Gives the columns what stands in for a database Null.
+template <class Row>
+void LoadDefaults(Row& row, std::span<const Column<Row>> columns) {
+    for (const Column<Row>& column : columns) column.Load(row, Variant::Null());
+}
+
 }  // namespace LumoSeminar

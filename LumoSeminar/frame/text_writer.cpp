@@ -181,8 +181,10 @@ char* WriteMoment(char* to, DateTime value) {
 }
 
 char* WriteCompactDate(char* to, DateTime value) {
-    const Civil civil(value);
-    return WritePadded(WritePadded(WritePadded(to, civil.Year(), 4), civil.Month(), 2), civil.Day(), 2);
+    const std::chrono::year_month_day date(value.Date());
+    const int number = (static_cast<int>(date.year()) * 100 + static_cast<int>(static_cast<unsigned>(date.month()))) * 100 +
+                       static_cast<int>(static_cast<unsigned>(date.day()));
+    return WritePadded(to, number, 8);
 }
 
 }  // namespace LumoSeminar::text_writer

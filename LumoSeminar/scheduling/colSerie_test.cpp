@@ -1,0 +1,277 @@
+#include <LumoSeminar/scheduling/colSerie.h>
+
+#include <gtest/gtest.h>
+
+#include <LumoConnection/script/script_session.h>
+#include <LumoSeminar/scheduling/clsSerie.h>
+#include <test_support/failures.h>
+#include <test_support/raises.h>
+#include <test_support/serie_statements.h>
+
+namespace LumoSeminar {
+
+/// The way to the session of a list: no call of the class gives it one, and without one nothing is ever loaded.
+Ref<DataSession>& SessionOf(colSerie& list);
+
+template <Ref<DataSession> colSerie::*kSession>
+struct WayToTheSession {
+    friend Ref<DataSession>& SessionOf(colSerie& list) { return list.*kSession; }
+};
+// Access is not checked for what is named here.
+template struct WayToTheSession<&colSerie::session_>;
+
+namespace {
+
+using namespace serie_statements;
+using LumoConnection::Script;
+using test_support::ExpectFailures;
+using test_support::kNotOk;
+using test_support::kRaises;
+using test_support::RaisedBy;
+
+using Labels = std::vector<std::string>;
+
+const std::string kLabel = "LumoSeminar.colSerien.";
+const std::string kLabelOfAdd = "LumoSeminar.colSerie.Add";
+const Labels kLabelsOfLoad = {kLabel + "LoadKeysFromDataBase", kLabel + "Init"};
+
+Labels LabelsOf(const std::optional<Error>& error) {
+    return error ? ReadDescription(error->Description()).labels : Labels{"nothing raised"};
+}
+
+/// A list of series that are bound to these keys.
+Ref<colSerie> ListOf(const Ref<DataSession>& session, const std::vector<Int32>& keys) {
+    auto list = New<colSerie>();
+    for (const Int32 key : keys) list->Add(Bound(session, key));
+    return list;
+}
+
+std::vector<Int32> KeysOf(colSerie& list) {
+    std::vector<Int32> keys;
+    for (const auto& series : list.NewEnum()) keys.push_back(series->SerienID());
+    return keys;
+}
+
+void ScriptList(Script& script, const std::vector<std::vector<Variant>>& keys) {
+    script.OpenSelect(kSelectKeys).Rows({"SerienID"}, keys);
+    script.CloseRows();
+}
+
+TEST(colSerie, InitOfAFreshListIsFalseWithoutAStatementAndKeepsNothing) {
+    Script script;
+    colSerie list;
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_EQ(list.Init(script.Session()), false);
+        EXPECT_EQ(list.Count(), 0);
+        EXPECT_TRUE(script.SessionReleased());
+    }
+    EXPECT_EQ(list.Init(nullptr), false);
+    EXPECT_TRUE(script.Calls().empty());
+    EXPECT_EQ(script.Report(), "");
+}
+
+TEST(colSerie, InitOfAFilledListIsFalseTooThoughItsEntriesHoldASession) {
+    Script script;
+    const auto list = ListOf(script.Session(), {5});
+    EXPECT_EQ(list->Init(script.Session()), false);
+    EXPECT_EQ(KeysOf(*list), (std::vector<Int32>{5}));
+    EXPECT_TRUE(script.Calls().empty());
+}
+
+TEST(colSerie, AddFilesUnderTheKeyAndWritesNothing) {
+    Script script;
+    colSerie list;
+    const auto series = Bound(script.Session(), 8);
+    EXPECT_EQ(list.Add(series), series);
+    EXPECT_EQ(list.Count(), 1);
+    EXPECT_EQ(list.Item("0000000008"), series);
+    EXPECT_EQ(list.Item(1), series);
+    EXPECT_EQ(script.Report(), "");
+}
+
+TEST(colSerie, AnEntryStaysUnderTheKeyItHadWhenItWasAdded) {
+    colSerie list;
+    const auto series = New<clsSerie>();
+    list.Add(series);
+    series->SerienID(8);
+    EXPECT_EQ(list.Item("0000000000"), series);
+    EXPECT_RAISES(5, list.Item("0000000008"));
+}
+
+TEST(colSerie, TwoNewSeriesCollideOnTheKey) {
+    colSerie list;
+    const auto first = New<clsSerie>();
+    list.Add(first);
+    const auto error = RaisedBy([&] { return list.Add(New<clsSerie>()); });
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->Number(), 457);
+    EXPECT_EQ(LabelsOf(error), Labels{kLabelOfAdd});
+    EXPECT_EQ(list.Count(), 1);
+    EXPECT_EQ(list.Item(1), first);
+}
+
+TEST(colSerie, AddOfAnEmptyReferenceRaises91) {
+    colSerie list;
+    const auto error = RaisedBy([&] { return list.Add(nullptr); });
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->Number(), 91);
+    EXPECT_EQ(LabelsOf(error), Labels{kLabelOfAdd});
+    EXPECT_EQ(list.Count(), 0);
+}
+
+TEST(colSerie, ItemGoesByPositionFromOneAndByKeyText) {
+    Script script;
+    const auto list = ListOf(script.Session(), {3, 1, -1});
+    EXPECT_EQ(list->Item(1)->SerienID(), 3);
+    EXPECT_EQ(list->Item(3)->SerienID(), -1);
+    EXPECT_EQ(list->Item("0000000001")->SerienID(), 1);
+    EXPECT_EQ(list->Item("-0000000001")->SerienID(), -1);
+}
+
+TEST(colSerie, ItemAndRemoveRaiseForWhatIsNotListedWithTheirLabels) {
+    Script script;
+    const auto list = ListOf(script.Session(), {1});
+    const struct {
+        Variant which;
+        Int32 number;
+    } cases[] = {{"0000000007", 5}, {"1", 5}, {"", 5}, {0, 9}, {2, 9}, {-1, 9}, {Variant::Null(), 94}};
+    for (const auto& c : cases) {
+        const auto item = RaisedBy([&] { return list->Item(c.which); });
+        ASSERT_TRUE(item);
+        EXPECT_EQ(item->Number(), c.number);
+        EXPECT_EQ(item->Source(), "LumoSeminar");
+        EXPECT_EQ(LabelsOf(item), Labels{kLabel + "Item"});
+        const auto remove = RaisedBy([&] { list->Remove(c.which); });
+        ASSERT_TRUE(remove);
+        EXPECT_EQ(remove->Number(), c.number);
+        EXPECT_EQ(LabelsOf(remove), Labels{kLabel + "Remove"});
+    }
+    EXPECT_EQ(list->Count(), 1);
+}
+
+TEST(colSerie, RemoveTakesTheEntryFromTheListOnly) {
+    Script script;
+    const auto list = ListOf(script.Session(), {3, 1, 2});
+    const auto removed = list->Item("0000000001");
+    list->Remove("0000000001");
+    EXPECT_EQ(list->Count(), 2);
+    EXPECT_RAISES(5, list->Item("0000000001"));
+    list->Remove(1);
+    EXPECT_EQ(KeysOf(*list), (std::vector<Int32>{2}));
+    EXPECT_EQ(removed->SerienID(), 1);
+    EXPECT_EQ(list->Add(removed), removed) << "the key is free again";
+    EXPECT_EQ(KeysOf(*list), (std::vector<Int32>{2, 1}));
+    EXPECT_TRUE(script.Calls().empty());
+}
+
+TEST(colSerie, AWalkMeetsTheEntriesInTheOrderOfTheList) {
+    Script script;
+    const auto list = ListOf(script.Session(), {3, 1, 2147483647, -1});
+    EXPECT_EQ(list->Count(), 4);
+    EXPECT_EQ(KeysOf(*list), (std::vector<Int32>{3, 1, 2147483647, -1}));
+    colSerie empty;
+    EXPECT_EQ(KeysOf(empty), std::vector<Int32>{});
+}
+
+TEST(colSerie, AWalkMayOutliveItsList) {
+    Script script;
+    std::vector<Int32> keys;
+    for (const auto& series : ListOf(script.Session(), {1, 2})->NewEnum()) keys.push_back(series->SerienID());
+    EXPECT_EQ(keys, (std::vector<Int32>{1, 2}));
+}
+
+TEST(colSerie, AnEntryOutlivesItsListAndHoldsTheSession) {
+    Script script;
+    ScriptLoad(script, 1, {FullRow()});
+    auto list = ListOf(script.Session(), {1});
+    auto series = list->Item(1);
+    list.Reset();
+    EXPECT_EQ(series->Tagefolge(), 2);
+    EXPECT_EQ(script.Report(), "");
+    series.Reset();
+    EXPECT_TRUE(script.SessionReleased());
+}
+
+TEST(colSerie, AListThatHasASessionTakesTheGivenOneAndListsAllSeries) {
+    Script old_session;
+    Script script;
+    ScriptList(script, {{3}, {1}, {Variant::Null()}});
+    ScriptLoad(script, 3, {FullRow()});
+    auto list = New<colSerie>();
+    SessionOf(*list) = old_session.Session();
+    EXPECT_EQ(list->Init(script.Session()), true);
+    EXPECT_TRUE(old_session.SessionReleased());
+    EXPECT_TRUE(old_session.Calls().empty());
+    EXPECT_EQ(KeysOf(*list), (std::vector<Int32>{3, 1, 0}));
+    EXPECT_EQ(list->Item("0000000003")->Tagefolge(), 2) << "bound, and read at the first get";
+    EXPECT_EQ(script.Report(), "");
+    list.Reset();
+    EXPECT_TRUE(script.SessionReleased());
+}
+
+TEST(colSerie, AListThatHasASessionIsEmptyWhereThereIsNoSeries) {
+    Script script;
+    ScriptList(script, {});
+    colSerie list;
+    SessionOf(list) = script.Session();
+    EXPECT_EQ(list.Init(script.Session()), true);
+    EXPECT_EQ(list.Count(), 0);
+    EXPECT_EQ(script.Report(), "");
+}
+
+TEST(colSerie, ARefusedListRaises9999) {
+    Script script;
+    script.OpenSelect(kSelectKeys).Refused("Ungültiger Objektname \"Sem_Serien_IT\".");
+    colSerie list;
+    SessionOf(list) = script.Session();
+    const auto error = RaisedBy([&] { return list.Init(script.Session()); });
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->Number(), 9999);
+    EXPECT_EQ(error->Source(), "LumoSeminar");
+    EXPECT_EQ(error->Description(),
+              "Ungültiger Objektname \"Sem_Serien_IT\".\r\nLumoSeminar.colSerien.LoadKeysFromDataBase\r\n"
+              "LumoSeminar.colSerien.Init");
+    EXPECT_EQ(list.Count(), 0);
+    EXPECT_EQ(script.Report(), "");
+}
+
+TEST(colSerie, AListThatHasASessionAddsAndRaisesAtTheFirstKeyThatIsThere) {
+    Script script;
+    script.OpenSelect(kSelectKeys).Rows({"SerienID"}, {{3}, {1}, {4}});
+    const auto list = ListOf(script.Session(), {1});
+    SessionOf(*list) = script.Session();
+    const auto error = RaisedBy([&] { return list->Init(script.Session()); });
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->Number(), 457);
+    EXPECT_EQ(LabelsOf(error), kLabelsOfLoad);
+    EXPECT_EQ(KeysOf(*list), (std::vector<Int32>{1, 3}));
+    EXPECT_EQ(script.Report(), "");
+}
+
+TEST(colSerie, AListThatHasASessionTakesAnEmptyOneAndRaises91) {
+    Script script;
+    colSerie list;
+    SessionOf(list) = script.Session();
+    const auto error = RaisedBy([&] { return list.Init(nullptr); });
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->Number(), 91);
+    EXPECT_EQ(LabelsOf(error), kLabelsOfLoad);
+    EXPECT_EQ(list.Init(script.Session()), false) << "fresh again";
+    EXPECT_TRUE(script.Calls().empty());
+}
+
+TEST(colSerie, AListFailsAsDocumentedAtEachStep) {
+    ExpectFailures(
+        [](Script& script) {
+            ScriptList(script, {{1}, {2}});
+        },
+        [](const Ref<DataSession>& session) {
+            colSerie list;
+            SessionOf(list) = session;
+            list.Init(session);
+        },
+        {{1, kNotOk, 9999, kLabelsOfLoad}, {1, kRaises, 7001, kLabelsOfLoad}, {2, kRaises, 7001, kLabelsOfLoad}});
+}
+
+}  // namespace
+}  // namespace LumoSeminar
