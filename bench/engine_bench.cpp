@@ -19,6 +19,7 @@
 #include <LumoConnection/embedded/sqlite.h>
 
 #include "ratios.h"
+#include "raw.h"
 
 // The embedded database against the SQLite underneath it. Both sides keep the same values in the same columns of a
 // database in memory, opened with the same options; moments are whole numbers and money ten-thousandths for the C
@@ -27,6 +28,9 @@
 namespace {
 
 using namespace LumoConnection;
+using bench::Copy;
+using bench::Raw;
+using bench::Stop;
 
 constexpr const char* kSeminars =
     "CREATE TABLE Sem_Katalog_IT (SemID int NOT NULL PRIMARY KEY, MDNr int NOT NULL, SemCode nvarchar(20) NULL, "
@@ -53,11 +57,6 @@ constexpr const char* kRawParticipants =
     "BeginnDatum INTEGER, BegUhrzeit INTEGER, EndeDatum INTEGER, EndUhrzeit INTEGER, storniertam INTEGER, StornoGrund INTEGER, "
     "StornoKosten INTEGER, Ergebnis INTEGER, Bemerkung TEXT)";
 
-[[noreturn]] void Stop(const std::string& why) {
-    std::cerr << why << '\n';
-    std::exit(2);
-}
-
 void Execute(EmbeddedSession& session, const std::string& sql) {
     if (!session.ExecuteSql(sql)) Stop(session.LastErrorText() + " in " + sql);
 }
@@ -66,39 +65,6 @@ void Open(EmbeddedSession& session) {
     if (!session.Connect("Provider=Embedded;Data Source=:memory:", "", "", 30)) Stop(session.LastErrorText());
     Execute(session, kSeminars);
     Execute(session, kParticipants);
-}
-
-class Raw {
-  public:
-    Raw() {
-        constexpr int kOptions = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_PRIVATECACHE;
-        sqlite3_open_v2(":memory:", &database_, kOptions, nullptr);
-        Run(kRawSeminars);
-        Run(kRawParticipants);
-    }
-    ~Raw() { sqlite3_close_v2(database_); }
-    Raw(const Raw&) = delete;
-    Raw& operator=(const Raw&) = delete;
-
-    void Run(const std::string& sql) {
-        if (sqlite3_exec(database_, sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
-            Stop(sqlite3_errmsg(database_));
-    }
-
-    sqlite3_stmt* Prepare(const std::string& sql) {
-        sqlite3_stmt* statement = nullptr;
-        if (sqlite3_prepare_v2(database_, sql.c_str(), static_cast<int>(sql.size()), &statement, nullptr) != SQLITE_OK)
-            Stop(sqlite3_errmsg(database_));
-        return statement;
-    }
-
-  private:
-    sqlite3* database_ = nullptr;
-};
-
-void Copy(sqlite3_stmt* statement, int column, std::string& to) {
-    const auto* text = static_cast<const char*>(static_cast<const void*>(sqlite3_column_text(statement, column)));
-    to.assign(text, static_cast<std::size_t>(sqlite3_column_bytes(statement, column)));
 }
 
 // One row by its key.
@@ -140,7 +106,7 @@ EmbeddedSession& SeminarSession() {
 
 Raw& RawSeminars() {
     static Raw& raw = *[] {
-        auto* made = new Raw();
+        auto* made = new Raw{kRawSeminars, kRawParticipants};
         made->Run("BEGIN");
         for (int key = 1; key <= kSeminarCount; ++key) made->Run(InsertSeminar(key, true));
         made->Run("COMMIT");
@@ -333,7 +299,7 @@ void InsertParticipants(benchmark::State& state) {
 BENCHMARK(InsertParticipants)->Unit(benchmark::kMillisecond);
 
 void RawInsertParticipants(benchmark::State& state) {
-    Raw raw;
+    Raw raw{kRawSeminars, kRawParticipants};
     std::vector<Participant> participants;
     for (int at = 0; at < kEnrolled; ++at) participants.push_back(MakeParticipant(at));
     sqlite3_stmt* insert = raw.Prepare(kRawInsertParticipant);
@@ -403,7 +369,7 @@ BENCHMARK(ReadMany)->Unit(benchmark::kMillisecond);
 
 void RawReadMany(benchmark::State& state) {
     static Raw& raw = *[] {
-        auto* made = new Raw();
+        auto* made = new Raw{kRawSeminars, kRawParticipants};
         sqlite3_stmt* insert = made->Prepare(kRawInsertParticipant);
         for (int at = 0; at < kManyRows; ++at) Insert(insert, MakeParticipant(at));
         sqlite3_finalize(insert);
