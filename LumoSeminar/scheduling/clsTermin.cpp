@@ -221,7 +221,8 @@ Ref<clsSeminar> clsTermin::objSeminar() try {
 }
 
 Ref<clsTerminVeranstalter> clsTermin::Veranstalter() try {
-    if (PropertiesInit() && !Veranstalter_) {
+    if (!PropertiesInit()) return {};
+    if (!Veranstalter_) {
         Veranstalter_ = New<clsTerminVeranstalter>();
         Veranstalter_->Init(row_.VeranstalterID, session_);
     }
@@ -231,7 +232,8 @@ Ref<clsTerminVeranstalter> clsTermin::Veranstalter() try {
 }
 
 Ref<clsTerminVeranstaltungsOrt> clsTermin::VeranstaltungsOrt() try {
-    if (PropertiesInit() && !VeranstaltungsOrt_) {
+    if (!PropertiesInit()) return {};
+    if (!VeranstaltungsOrt_) {
         VeranstaltungsOrt_ = New<clsTerminVeranstaltungsOrt>();
         VeranstaltungsOrt_->Init(row_.VeranstaltungsOrtID, session_);
     }
