@@ -31,7 +31,7 @@ class colTermine final : public Object {
     Ref<clsTermin> Item(const Variant& vntIndexKey);
 
     /// Deletes a date as its DeleteFromDatabase does and takes the entry out of the list. False, and the entry stays,
-    /// where the date says that it was not deleted.
+    /// where the date says that it was not deleted. Raises 91 for a key that is not there.
     Bool Remove(const Variant& p_vntIndexKey);
 
     /// What the dates of the list are grouped by in a tree, the latest group first. One statement, or an empty
@@ -47,8 +47,9 @@ class colTermine final : public Object {
     /// not open (the list stays as it was) or the statement is refused.
     /// @param p_lngSemID  the seminar; -1: all
     /// @param p_strFilterString  a further condition: " AND ...", the blank included
-    /// @param p_blnFromTeilnehmer  whether the participants are joined, for a filter on their columns; a filter that
-    ///     finds two participants of one date raises 457
+    /// @param p_blnFromTeilnehmer  whether the participants are joined, for a filter on their columns. The columns of the
+    ///     statement are not qualified: a database where both tables have them refuses it. A filter that finds two
+    ///     participants of one date raises 457.
     Bool Init(Int32 p_lngSemID, Int32 p_lngMDNr, const Ref<DataSession>& p_objData, const Text& p_strFilterString = {},
               Bool p_blnFromTeilnehmer = false);
 
