@@ -2,8 +2,11 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <limits>
+#include <utility>
 
 #include "frontend/exit_codes.h"
 
@@ -28,17 +31,48 @@ bool IsPlainNumber(std::string_view text) {
     return AreDigits(whole) && AreDigits(decimals);
 }
 
-}  // namespace
-
-Int32 ReadInt32(std::string_view name, std::string_view text) {
-    Int32 value = 0;
+template <class T>
+T ReadWhole(std::string_view name, std::string_view text) {
+    std::int64_t value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     if (end != text.data() + text.size() || error == std::errc::invalid_argument) {
         Refuse(name, text, "is not a whole number.");
     }
-    if (error != std::errc{}) Refuse(name, text, "does not fit: -2147483648 to 2147483647.");
+    if (error != std::errc{} || !std::in_range<T>(value)) {
+        Refuse(name, text,
+               fmt::format("does not fit: {} to {}.", std::numeric_limits<T>::min(), std::numeric_limits<T>::max()));
+    }
+    return static_cast<T>(value);
+}
+
+// In a pattern 9 stands for any digit, everything else for itself.
+bool HasPattern(std::string_view text, std::string_view pattern) {
+    return std::ranges::equal(text, pattern,
+                              [](char c, char wanted) { return wanted == '9' ? c >= '0' && c <= '9' : c == wanted; });
+}
+
+int Digits(std::string_view text, std::size_t at, std::size_t count) {
+    int value = 0;
+    for (const char c : text.substr(at, count)) value = value * 10 + (c - '0');
     return value;
 }
+
+}  // namespace
+
+Int32 ReadInt32(std::string_view name, std::string_view text) { return ReadWhole<Int32>(name, text); }
+
+std::vector<Int32> ReadKeys(std::string_view name, const std::vector<std::string>& texts) {
+    std::vector<Int32> keys;
+    for (const auto& text : texts) {
+        const Int32 key = ReadInt32(name, text);
+        if (std::ranges::find(keys, key) == keys.end()) keys.push_back(key);
+    }
+    return keys;
+}
+
+Int16 ReadInt16(std::string_view name, std::string_view text) { return ReadWhole<Int16>(name, text); }
+
+Byte ReadByte(std::string_view name, std::string_view text) { return ReadWhole<Byte>(name, text); }
 
 Double ReadDouble(std::string_view name, std::string_view text) {
     if (!IsPlainNumber(text)) Refuse(name, text, "is not a number; write it with a point, as in 7.5.");
@@ -58,6 +92,30 @@ Money ReadMoney(std::string_view name, std::string_view text) {
         return ToMoney(text);
     } catch (const Error&) {
         Refuse(name, text, "does not fit: -922337203685477.5808 to 922337203685477.5807.");
+    }
+}
+
+DateTime ReadDay(std::string_view name, std::string_view text) {
+    const bool german = HasPattern(text, "99.99.9999");
+    if (!german && !HasPattern(text, "9999-99-99")) {
+        Refuse(name, text, "is not a day; write it as 31.12.2010 or 2010-12-31.");
+    }
+    const int year = Digits(text, german ? 6 : 0, 4);
+    const int month = Digits(text, german ? 3 : 5, 2);
+    const int day = Digits(text, german ? 0 : 8, 2);
+    try {
+        return DateTime::Of(year, static_cast<unsigned>(month), static_cast<unsigned>(day));
+    } catch (const Error&) {
+        Refuse(name, text, "is not in the calendar.");
+    }
+}
+
+DateTime ReadClock(std::string_view name, std::string_view text) {
+    if (!HasPattern(text, "99:99")) Refuse(name, text, "is not a time of day; write it as 09:30.");
+    try {
+        return DateTime::TimeOfDay(Digits(text, 0, 2), Digits(text, 3, 2));
+    } catch (const Error&) {
+        Refuse(name, text, "is not on the clock: 00:00 to 23:59.");
     }
 }
 

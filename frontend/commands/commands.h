@@ -5,13 +5,17 @@ namespace frontend {
 class Program;
 
 // A command a file: it declares its options and says what it does.
+void AddDates(Program& program);
+void AddDays(Program& program);
 void AddInit(Program& program);
 void AddSeminars(Program& program);
+void AddSeries(Program& program);
 void AddSql(Program& program);
 void AddTables(Program& program);
 void AddTour(Program& program);
 
 /// In the order of the help.
-inline constexpr void (*kCommands[])(Program&) = {AddInit, AddSeminars, AddSql, AddTables, AddTour};
+inline constexpr void (*kCommands[])(Program&) = {AddInit,   AddSeminars, AddDates,  AddDays,
+                                                  AddSeries, AddSql,      AddTables, AddTour};
 
 }  // namespace frontend

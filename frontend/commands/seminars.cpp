@@ -1,16 +1,15 @@
 #include <fmt/format.h>
 
-#include <algorithm>
-#include <array>
 #include <memory>
-#include <optional>
 
 #include "frontend/commands/commands.h"
+#include "frontend/commands/lists.h"
 #include "frontend/commands/seminar_columns.h"
 #include "frontend/exit_codes.h"
-#include "frontend/output/screen_text.h"
+#include "frontend/output/counted.h"
 #include "frontend/program.h"
 #include "frontend/read_value.h"
+#include "frontend/text_filter.h"
 
 namespace frontend {
 
@@ -18,35 +17,13 @@ using namespace LumoSeminar;
 
 namespace {
 
-constexpr const char* kKeyColumn = "SemID";
-
-Ref<colSeminare> Catalogue(Context& context) {
-    auto list = New<colSeminare>();
-    if (!list->Init(context.Client(), context.Session())) RaiseRefused(context.Session()->LastErrorText());
-    return list;
-}
-
-Sheet HeadOf(bool all_columns) {
-    Sheet sheet{{kKeyColumn}, {}};
-    for (const auto& column : SeminarColumns()) {
-        if (all_columns || column.in_list) sheet.columns.emplace_back(column.name);
-    }
-    return sheet;
-}
-
-void AddRow(Sheet& sheet, clsSeminar& seminar, bool all_columns) {
-    auto& row = sheet.rows.emplace_back();
-    row.push_back(seminar.SemID());
-    for (const auto& column : SeminarColumns()) {
-        if (all_columns || column.in_list) row.push_back(column.Get(seminar));
-    }
-}
-
 void Show(Context& context, clsSeminar& seminar) {
-    Sheet sheet = HeadOf(true);
-    AddRow(sheet, seminar, true);
+    Sheet sheet = SeminarColumns().Head(Extent::kAll);
+    SeminarColumns().AddRow(sheet, seminar, Extent::kAll);
     context.Print(sheet, Shape::kOneRow);
 }
+
+using SeminarChanges = std::vector<Change<clsSeminar>>;
 
 // Reads the row anew: what is stored can differ from what was let.
 void ShowStored(Context& context, Int32 key) {
@@ -63,20 +40,17 @@ struct ListOptions {
 };
 
 int List(Context& context, const ListOptions& options) {
-    const auto list = Catalogue(context);
-    const std::string filter = FoldCase(options.filter);
-    const auto Matches = [&](clsSeminar& seminar) {
-        return filter.empty() || FoldCase(seminar.SemTitel()).find(filter) != std::string::npos ||
-               FoldCase(seminar.SemCode()).find(filter) != std::string::npos;
-    };
-    Sheet sheet = HeadOf(options.all_columns);
+    const auto list = SeminarsOf(context);
+    const TextFilter filter(options.filter);
+    const Extent extent = options.all_columns ? Extent::kAll : Extent::kShort;
+    Sheet sheet = SeminarColumns().Head(extent);
     for (const auto& seminar : list->NewEnum()) {
-        if (Matches(*seminar)) AddRow(sheet, *seminar, options.all_columns);
+        if (!filter.FindsIn(seminar->SemTitel()) && !filter.FindsIn(seminar->SemCode())) continue;
+        SeminarColumns().AddRow(sheet, *seminar, extent);
     }
     context.Print(sheet);
     const std::size_t shown = sheet.rows.size();
-    context.Note(filter.empty() ? fmt::format("{} seminar{}", shown, shown == 1 ? "" : "s")
-                                : fmt::format("{} of {} seminars", shown, list->Count()));
+    context.Note(filter.IsEmpty() ? Counted(shown, "seminar") : fmt::format("{} of {} seminars", shown, list->Count()));
     return kDone;
 }
 
@@ -96,62 +70,14 @@ void AddShow(Program& program, CLI::App* seminars) {
     command->add_option("KEY", *key, "SemID of the seminar")->required()->type_name("N");
     program.OnCommand(command, [&program, key] {
         const Int32 number = ReadInt32("KEY", *key);
-        Show(program.Work(), *Catalogue(program.Work())->Item(KeyText(number)));
+        Show(program.Work(), *SeminarsOf(program.Work())->Item(KeyText(number)));
         return kDone;
     });
 }
 
-// Values typed behind options, one place a column.
-using TypedValues = std::array<std::optional<std::string>, 20>;
-
-std::shared_ptr<TypedValues> AddColumnOptions(CLI::App* command) {
-    const auto columns = SeminarColumns();
-    auto values = std::make_shared<TypedValues>();
-    for (std::size_t i = 0; i < columns.size(); ++i) {
-        command
-            ->add_option("--" + std::string(columns[i].option), values->at(i),
-                         fmt::format("{} ({})", columns[i].help, columns[i].name))
-            ->type_name(columns[i].TypeName());
-    }
-    return values;
-}
-
-// A column and what was typed for it.
-struct Change {
-    const SeminarColumn* column;
-    std::string named;
-    std::string typed;
-};
-
-// All changes are read before any is carried out.
-std::vector<Change> ReadChanges(const TypedValues& values, const std::vector<std::string>& pairs) {
-    std::vector<Change> changes;
-    for (const auto& pair : pairs) {
-        const auto equals = pair.find('=');
-        if (equals == std::string::npos) throw UsageError(OneLine(pair) + " is not of the form column=value.");
-        const auto name = pair.substr(0, equals);
-        const auto* column = FindSeminarColumn(name);
-        if (column == nullptr) {
-            throw UsageError(FoldCase(name) == "semid" ? "SemID is the key and cannot be changed."
-                                                       : "A seminar has no column " + OneLine(name) + ".");
-        }
-        changes.push_back({column, column->name, pair.substr(equals + 1)});
-    }
-    const auto columns = SeminarColumns();
-    for (std::size_t i = 0; i < columns.size(); ++i) {
-        if (values[i]) changes.push_back({&columns[i], "--" + std::string(columns[i].option), *values[i]});
-    }
-    for (const auto& change : changes) change.column->Check(change.named, change.typed);
-    return changes;
-}
-
-void LetAll(clsSeminar& seminar, const std::vector<Change>& changes) {
-    for (const auto& change : changes) change.column->Let(seminar, change.named, change.typed);
-}
-
 // add
 
-int Add(Context& context, const std::vector<Change>& changes) {
+int Add(Context& context, const SeminarChanges& changes) {
     const auto seminar = New<clsSeminar>();
     seminar->Init(0, context.Session());
     seminar->MDNR(context.Client());
@@ -163,19 +89,20 @@ int Add(Context& context, const std::vector<Change>& changes) {
 
 void AddAdd(Program& program, CLI::App* seminars) {
     auto* command = seminars->add_subcommand("add", "Add a seminar and show it as it is stored");
-    const auto values = AddColumnOptions(command);
+    const auto values = SeminarColumns().AddOptions(command);
     command->get_option("--title")->required();
     command->footer(
         "The key is the greatest one plus 1. Without --mdnr the seminar belongs to the client.\n"
         "Numbers are typed with a point.");
-    program.OnCommand(command, [&program, values] { return Add(program.Work(), ReadChanges(*values, {})); });
+    program.OnCommand(command,
+                      [&program, values] { return Add(program.Work(), SeminarColumns().ReadChanges(*values, {})); });
 }
 
 // set
 
-int Set(Context& context, Int32 key, const std::vector<Change>& changes) {
+int Set(Context& context, Int32 key, const SeminarChanges& changes) {
     if (changes.empty()) throw UsageError("Nothing to set: name a column and its value.");
-    const auto seminar = Catalogue(context)->Item(KeyText(key));
+    const auto seminar = SeminarsOf(context)->Item(KeyText(key));
     // The row is read before anything is let, so that the load does not take the changes away again.
     seminar->SemTitel();
     LetAll(*seminar, changes);
@@ -196,22 +123,28 @@ void AddSet(Program& program, CLI::App* seminars) {
     const auto typed = std::make_shared<Typed>();
     command->add_option("KEY", typed->key, "SemID of the seminar")->required()->type_name("N");
     command->add_option("CHANGES", typed->pairs, "column=value, as in SemTitel=\"Erste Hilfe\" KostenProTN=49.90")->type_name("column=value");
-    const auto values = AddColumnOptions(command);
+    const auto values = SeminarColumns().AddOptions(command);
     program.OnCommand(command, [&program, typed, values] {
         const Int32 key = ReadInt32("KEY", typed->key);
-        return Set(program.Work(), key, ReadChanges(*values, typed->pairs));
+        return Set(program.Work(), key, SeminarColumns().ReadChanges(*values, typed->pairs));
     });
 }
 
 // remove
 
+// Asks only the list of dates that the removal has read. It is empty where the row could not be read.
+const char* WhyKept(clsSeminar& seminar) {
+    const auto dates = seminar.colTermine();
+    return dates && dates->Count() != 0 ? "has dates" : "no longer there";
+}
+
 int Remove(Context& context, const std::vector<Int32>& keys) {
-    const auto list = Catalogue(context);
+    const auto list = SeminarsOf(context);
     // Every key is looked up before anything is removed. Reading the title reads the row: only then Remove deletes it.
     std::vector<Text> titles;
     titles.reserve(keys.size());
     for (const Int32 key : keys) titles.push_back(list->Item(KeyText(key))->SemTitel());
-    Sheet sheet{{kKeyColumn, "SemTitel", "Outcome"}, {}};
+    Sheet sheet{{SeminarColumns().key_name, "SemTitel", "Outcome"}, {}};
     int code = kDone;
     try {
         for (std::size_t i = 0; i < keys.size(); ++i) {
@@ -219,7 +152,7 @@ int Remove(Context& context, const std::vector<Int32>& keys) {
             list->Remove(KeyText(keys[i]));
             const bool removed = list->Count() == before - 1;
             if (!removed) code = kRefused;
-            sheet.rows.push_back({keys[i], titles[i], removed ? "removed" : "no longer there"});
+            sheet.rows.push_back({keys[i], titles[i], removed ? "removed" : WhyKept(*list->Item(KeyText(keys[i])))});
         }
     } catch (...) {
         context.Print(sheet);
@@ -231,16 +164,10 @@ int Remove(Context& context, const std::vector<Int32>& keys) {
 
 void AddRemove(Program& program, CLI::App* seminars) {
     auto* command = seminars->add_subcommand("remove", "Remove seminars; none where one of the keys is unknown");
+    command->footer("A seminar that has dates stays.");
     const auto typed = std::make_shared<std::vector<std::string>>();
     command->add_option("KEY", *typed, "SemID of each seminar")->required()->type_name("N");
-    program.OnCommand(command, [&program, typed] {
-        std::vector<Int32> keys;
-        for (const auto& key : *typed) {
-            const Int32 number = ReadInt32("KEY", key);
-            if (std::ranges::find(keys, number) == keys.end()) keys.push_back(number);
-        }
-        return Remove(program.Work(), keys);
-    });
+    program.OnCommand(command, [&program, typed] { return Remove(program.Work(), ReadKeys("KEY", *typed)); });
 }
 
 }  // namespace

@@ -151,20 +151,38 @@ TEST_F(Cli, SetWithABadValueChangesNothing) {
 TEST_F(Cli, RemoveTellsWhatHappened) {
     UseSample();
     const int before = RowCount();
-    const auto done = Run({"seminars", "remove", "34", "35", "34"});
+    const auto done = Run({"seminars", "remove", "42", "42", "--client", "2"});
     EXPECT_EQ(done.code, 0) << done.err;
     EXPECT_EQ(done.out,
-              "SemID  SemTitel                                Outcome\n"
-              "-----  --------------------------------------  -------\n"
-              "   34  Additive Fertigung: 3D-Druck in Metall  removed\n"
-              "   35  Führen in Teilzeit                      removed\n");
-    EXPECT_EQ(RowCount(), before - 2);
+              "SemID  SemTitel                           Outcome\n"
+              "-----  ---------------------------------  -------\n"
+              "   42  Büroorganisation für kleine Teams  removed\n");
+    EXPECT_EQ(done.err, "");
+    EXPECT_EQ(RowCount(), before - 1);
+}
+
+TEST_F(Cli, RemoveKeepsASeminarThatHasDatesAndRemovesTheOthers) {
+    UseSample();
+    const int before = RowCount();
+    const auto done = Run({"seminars", "remove", "36", "42", "--client", "2"});
+    EXPECT_EQ(done.code, 1);
+    EXPECT_EQ(done.out,
+              "SemID  SemTitel                                                   Outcome\n"
+              "-----  ---------------------------------------------------------  ---------\n"
+              "   36  Am Telefon überzeugen: Gespräche mit Kundinnen und Kunden  has dates\n"
+              "   42  Büroorganisation für kleine Teams                          removed\n");
+    EXPECT_EQ(done.err, "");
+    EXPECT_EQ(RowCount(), before - 1);
+    const auto again = Run({"seminars", "remove", "36", "--client", "2", "--trace"});
+    EXPECT_EQ(again.code, 1);
+    EXPECT_THAT(again.err, HasSubstr(" FROM Sem_Termin_IT  WHERE (SemID = 36) AND (MDNr = 2 OR MDNr = -1) "));
+    EXPECT_EQ(Lines(again.err), 4U) << "the login, the catalogue, the seminar, its dates: " << again.err;
 }
 
 TEST_F(Cli, RemoveWithAnUnknownKeyRemovesNothing) {
     UseSample();
     const int before = RowCount();
-    EXPECT_EQ(Run({"seminars", "remove", "34", "999"}).code, 1);
+    EXPECT_EQ(Run({"seminars", "remove", "42", "999", "--client", "2"}).code, 1);
     EXPECT_EQ(RowCount(), before);
 }
 

@@ -1,4 +1,4 @@
-#include "frontend/commands/tour_page.h"
+#include "frontend/tour/page.h"
 
 #include <fmt/format.h>
 
@@ -28,7 +28,10 @@ TourPage::TourPage() {
     }
 }
 
-void TourPage::Title(std::string_view text) { fmt::print("{}{}{}\n", bold_, text, plain_); }
+void TourPage::Title(std::string_view text) {
+    fmt::print("{}{}{}{}\n", titled_ ? "\n" : "", bold_, text, plain_);
+    titled_ = true;
+}
 
 void TourPage::Step(std::string_view title, std::string_view text) {
     fmt::print("\n{}{}. {}{}\n", bold_, ++steps_, title, plain_);
@@ -69,6 +72,17 @@ void TourPage::Outcome(bool as_told, std::string_view text) {
     if (as_told) return;
     ++untold_;
     Entry("", fmt::format("{}THIS IS NOT AS TOLD.{}", bold_, plain_));
+}
+
+void TourPage::Picture(std::string_view text) {
+    fmt::print("\n");
+    while (text.ends_with('\n')) text.remove_suffix(1);
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t end = std::min(text.find('\n', at), text.size());
+        fmt::print("{:{}}{}\n", "", text[at] == '\n' ? 0 : kMargin, text.substr(at, end - at));
+        at = end + 1;
+    }
+    fmt::print("\n");
 }
 
 void TourPage::End() {

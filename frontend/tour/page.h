@@ -36,6 +36,9 @@ class TourPage {
 
     void Outcome(bool as_told, std::string_view text);
 
+    /// Lines to look at, printed as they stand.
+    void Picture(std::string_view text);
+
     /// The last lines.
     void End();
 
@@ -57,6 +60,7 @@ class TourPage {
     std::set<std::string> known_columns_;
     std::string bold_;
     std::string plain_;
+    bool titled_ = false;
     bool watching_ = false;
     int steps_ = 0;
     int untold_ = 0;

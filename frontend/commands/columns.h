@@ -1,0 +1,192 @@
+#pragma once
+
+#include <fmt/format.h>
+#include <CLI/CLI.hpp>
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <variant>
+#include <vector>
+
+#include <LumoSeminar/LumoSeminar.h>
+
+#include "frontend/exit_codes.h"
+#include "frontend/output/sheet.h"
+
+namespace frontend {
+
+/// How a value is typed and shown. A day or a time of day that is 0 is not set: it is typed as nothing at all and shown
+/// as NULL. A time of day is shown as the text "hh:mm".
+enum class Form { kInt32, kInt16, kByte, kDouble, kMoney, kText, kDay, kClock };
+
+/// What the help says in place of a value.
+const char* TypeName(Form form);
+
+/// Raises UsageError with `named` in front where the text is no such value.
+LumoSeminar::Variant ReadAs(Form form, std::string_view named, const std::string& typed);
+
+LumoSeminar::Variant ShownAs(Form form, LumoSeminar::Variant value);
+
+/// Whether two names of columns are the same; capitals are not told apart.
+bool IsSameName(std::string_view a, std::string_view b);
+
+/// "column=value" taken apart. Raises UsageError.
+std::pair<std::string, std::string> SplitPair(const std::string& pair);
+
+/// Values typed behind options, one place a column.
+using TypedValues = std::vector<std::optional<std::string>>;
+
+template <class T>
+constexpr Form FormOf() {
+    if constexpr (std::same_as<T, LumoSeminar::Int32>) return Form::kInt32;
+    if constexpr (std::same_as<T, LumoSeminar::Int16>) return Form::kInt16;
+    if constexpr (std::same_as<T, LumoSeminar::Byte>) return Form::kByte;
+    if constexpr (std::same_as<T, LumoSeminar::Double>) return Form::kDouble;
+    if constexpr (std::same_as<T, LumoSeminar::Money>) return Form::kMoney;
+    if constexpr (std::same_as<T, LumoSeminar::Text>) return Form::kText;
+    if constexpr (std::same_as<T, LumoSeminar::DateTime>) return Form::kDay;
+}
+
+/// The two halves of a property.
+template <class Thing, class T, Form kFormOfValue = FormOf<T>()>
+struct Property {
+    static constexpr Form kForm = kFormOfValue;
+    T (Thing::*get)();
+    void (Thing::*let)(T);
+
+    T Get(Thing& thing) const { return (thing.*get)(); }
+    void Let(Thing& thing, const LumoSeminar::Variant& value) const { (thing.*let)(LumoSeminar::To<T>(value)); }
+};
+
+/// The two halves of a property that are told whether to load. Here they always do.
+template <class Thing, class T>
+struct LoadingProperty {
+    static constexpr Form kForm = FormOf<T>();
+    T (Thing::*get)(LumoSeminar::Bool);
+    void (Thing::*let)(T, LumoSeminar::Bool);
+
+    T Get(Thing& thing) const { return (thing.*get)(true); }
+    void Let(Thing& thing, const LumoSeminar::Variant& value) const { (thing.*let)(LumoSeminar::To<T>(value), true); }
+};
+
+/// A property of a class as the front end names, reads and prints it.
+template <class Thing>
+struct Column {
+    template <class T>
+    using Of = Property<Thing, T>;
+    using Clock = Property<Thing, LumoSeminar::DateTime, Form::kClock>;
+
+    const char* name;
+    /// Without the two dashes.
+    const char* option;
+    const char* help;
+    std::variant<Of<LumoSeminar::Int32>, Of<LumoSeminar::Int16>, Of<LumoSeminar::Byte>, Of<LumoSeminar::Double>,
+                 Of<LumoSeminar::Money>, Of<LumoSeminar::Text>, Of<LumoSeminar::DateTime>, Clock,
+                 LoadingProperty<Thing, LumoSeminar::Text>, LoadingProperty<Thing, LumoSeminar::DateTime>>
+        property;
+    /// Whether the short list shows it.
+    bool in_list = false;
+
+    Form ValueForm() const {
+        return std::visit([](const auto& half) { return half.kForm; }, property);
+    }
+
+    LumoSeminar::Variant Get(Thing& thing) const {
+        return std::visit([&](const auto& half) { return ShownAs(half.kForm, half.Get(thing)); }, property);
+    }
+};
+
+/// A column and the value that was typed for it.
+template <class Thing>
+struct Change {
+    const Column<Thing>* column;
+    LumoSeminar::Variant value;
+
+    void LetInto(Thing& thing) const {
+        std::visit([&](const auto& half) { half.Let(thing, value); }, column->property);
+    }
+};
+
+enum class Extent { kShort, kAll };
+
+/// The columns of a class, in the order of its table.
+template <class Thing>
+struct ColumnTable {
+    /// As in "A seminar has no column ...".
+    const char* thing;
+    const char* key_name;
+    LumoSeminar::Int32 (Thing::*key)();
+    /// All but the key.
+    std::span<const Column<Thing>> columns;
+
+    Sheet Head(Extent extent) const {
+        Sheet sheet{{key_name}, {}};
+        for (const auto& column : columns) {
+            if (Shows(column, extent)) sheet.columns.emplace_back(column.name);
+        }
+        return sheet;
+    }
+
+    void AddRow(Sheet& sheet, Thing& one, Extent extent) const {
+        auto& row = sheet.rows.emplace_back();
+        row.push_back((one.*key)());
+        for (const auto& column : columns) {
+            if (Shows(column, extent)) row.push_back(column.Get(one));
+        }
+    }
+
+    /// Null for a name that is not there.
+    const Column<Thing>* Find(std::string_view name) const {
+        for (const auto& column : columns) {
+            if (IsSameName(column.name, name)) return &column;
+        }
+        return nullptr;
+    }
+
+    /// An option for each column.
+    std::shared_ptr<TypedValues> AddOptions(CLI::App* command) const {
+        auto values = std::make_shared<TypedValues>(columns.size());
+        for (std::size_t i = 0; i < columns.size(); ++i) {
+            command
+                ->add_option("--" + std::string(columns[i].option), values->at(i),
+                             fmt::format("{} ({})", columns[i].help, columns[i].name))
+                ->type_name(TypeName(columns[i].ValueForm()));
+        }
+        return values;
+    }
+
+    /// What was typed as column=value, then what was typed behind options. Raises UsageError at the first that is wrong.
+    std::vector<Change<Thing>> ReadChanges(const TypedValues& values, const std::vector<std::string>& pairs) const {
+        std::vector<Change<Thing>> changes;
+        for (const auto& pair : pairs) {
+            const auto [name, typed] = SplitPair(pair);
+            const auto* column = Find(name);
+            if (column == nullptr) {
+                throw UsageError(IsSameName(name, key_name)
+                                     ? fmt::format("{} is the key and cannot be changed.", key_name)
+                                     : fmt::format("A {} has no column {}.", thing, LumoSeminar::OneLine(name)));
+            }
+            changes.push_back({column, ReadAs(column->ValueForm(), column->name, typed)});
+        }
+        for (std::size_t i = 0; i < columns.size(); ++i) {
+            if (!values[i]) continue;
+            changes.push_back({&columns[i], ReadAs(columns[i].ValueForm(), "--" + std::string(columns[i].option), *values[i])});
+        }
+        return changes;
+    }
+
+  private:
+    static bool Shows(const Column<Thing>& column, Extent extent) { return extent == Extent::kAll || column.in_list; }
+};
+
+template <class Thing>
+void LetAll(Thing& thing, const std::vector<Change<Thing>>& changes) {
+    for (const auto& change : changes) change.LetInto(thing);
+}
+
+}  // namespace frontend

@@ -1,0 +1,165 @@
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "frontend/commands/commands.h"
+#include "frontend/commands/lists.h"
+#include "frontend/exit_codes.h"
+#include "frontend/output/counted.h"
+#include "frontend/output/month_calendar.h"
+#include "frontend/program.h"
+#include "frontend/read_value.h"
+
+namespace frontend {
+
+using namespace LumoSeminar;
+
+namespace {
+
+Text DayKey(clsTermin& date, DateTime day) { return date.Key() + CompactDateText(day); }
+
+// A time of 0 is midnight here.
+void AddRow(Sheet& sheet, clsTerminTag& day) {
+    sheet.rows.push_back({day.Termin(), ClockText(day.BegUhr()), ClockText(day.EndUhr())});
+}
+
+Sheet Head() { return {{"Termin", "BegUhr", "EndUhr"}, {}}; }
+
+void AddDateOption(CLI::App* command, std::string& date) {
+    command->add_option("DATE", date, "SemTerminID of the date")->required()->type_name("N");
+}
+
+// list
+
+struct ListOptions {
+    std::string date;
+    bool calendar = false;
+    bool weeks = false;
+};
+
+int List(Context& context, const ListOptions& options) {
+    const Int32 key = ReadInt32("DATE", options.date);
+    if (options.calendar && context.options.format != Format::kTable) {
+        throw UsageError("The calendar is for people: it has no other format than table.");
+    }
+    const auto days = DateOf(context, key)->colTerminTage();
+    Sheet sheet = Head();
+    std::vector<DateTime> marked;
+    for (const auto& day : days->NewEnum()) {
+        AddRow(sheet, *day);
+        marked.push_back(day->Termin());
+    }
+    context.Print(sheet);
+    if (options.calendar) {
+        fmt::print("\n");
+        PrintMonthCalendar(marked, options.weeks);
+    }
+    context.Note(Counted(sheet.rows.size(), "day"));
+    return kDone;
+}
+
+void AddList(Program& program, CLI::App* days) {
+    auto* command = days->add_subcommand("list", "List the days of a date with their times");
+    const auto options = std::make_shared<ListOptions>();
+    AddDateOption(command, options->date);
+    auto* calendar = command->add_flag("--calendar", options->calendar, "Show a calendar below the list");
+    command->add_flag("--weeks", options->weeks, "Show the numbers of the weeks in the calendar")->needs(calendar);
+    program.OnCommand(command, [&program, options] { return List(program.Work(), *options); });
+}
+
+// add
+
+struct AddOptions {
+    std::string date;
+    std::string day;
+    std::string from;
+    std::string to;
+};
+
+int Add(Context& context, const AddOptions& options) {
+    const Int32 key = ReadInt32("DATE", options.date);
+    const auto day = ReadDay("DAY", options.day);
+    const auto from = options.from.empty() ? DateTime() : ReadClock("--from", options.from);
+    const auto to = options.to.empty() ? DateTime() : ReadClock("--to", options.to);
+    const auto date = DateOf(context, key);
+    date->colTerminTage()->NewTerminTag(day, options.from.empty() ? date->BeginnUhrzeit() : from,
+                                        options.to.empty() ? date->EndeUhrzeit() : to);
+    Sheet sheet = Head();
+    AddRow(sheet, *date->colTerminTage()->Item(DayKey(*date, day)));
+    context.Print(sheet, Shape::kOneRow);
+    return kDone;
+}
+
+void AddAdd(Program& program, CLI::App* days) {
+    auto* command = days->add_subcommand("add", "Add a day to a date and show it as it is stored");
+    const auto options = std::make_shared<AddOptions>();
+    AddDateOption(command, options->date);
+    command->add_option("DAY", options->day, "The day, as 31.12.2010 or 2010-12-31")->required()->type_name("");
+    command->add_option("--from", options->from, "Time at which it starts, as 09:30 [that of the date]")->type_name("TIME");
+    command->add_option("--to", options->to, "Time at which it ends [that of the date]")->type_name("TIME");
+    command->footer(
+        "First and last day of the date stay as they are. The next save of the date gives all its days the times of\n"
+        "the date.");
+    program.OnCommand(command, [&program, options] { return Add(program.Work(), *options); });
+}
+
+// remove
+
+int Remove(Context& context, Int32 key, const std::vector<DateTime>& wanted) {
+    const auto date = DateOf(context, key);
+    const auto days = date->colTerminTage();
+    // Every day is looked up before anything is removed.
+    for (const auto day : wanted) {
+        if (days->Item(DayKey(*date, day))) continue;
+        Raise(ErrorNumber::kKeyNotFound, fmt::format("Date {} does not take place on {}.", key, DateText(day)));
+    }
+    Sheet sheet{{"Termin", "Outcome"}, {}};
+    try {
+        for (const auto day : wanted) {
+            days->Remove(DayKey(*date, day));
+            sheet.rows.push_back({day, "removed"});
+        }
+    } catch (...) {
+        context.Print(sheet);
+        throw;
+    }
+    context.Print(sheet);
+    context.Note(Counted(static_cast<std::size_t>(days->Count()), "day") + " left");
+    return kDone;
+}
+
+void AddRemove(Program& program, CLI::App* days) {
+    struct Typed {
+        std::string date;
+        std::vector<std::string> days;
+    };
+    auto* command = days->add_subcommand("remove", "Remove days of a date; none where the date has not all of them");
+    const auto typed = std::make_shared<Typed>();
+    AddDateOption(command, typed->date);
+    command->add_option("DAY", typed->days, "Each day, as 31.12.2010 or 2010-12-31")->required()->type_name("");
+    command->footer("First and last day of the date stay as they are.");
+    program.OnCommand(command, [&program, typed] {
+        const Int32 key = ReadInt32("DATE", typed->date);
+        std::vector<DateTime> wanted;
+        for (const auto& text : typed->days) {
+            const auto day = ReadDay("DAY", text);
+            if (std::ranges::find(wanted, day) == wanted.end()) wanted.push_back(day);
+        }
+        return Remove(program.Work(), key, wanted);
+    });
+}
+
+}  // namespace
+
+void AddDays(Program& program) {
+    auto* days = program.AddCommand("days", "The single days of a date: list, add, remove");
+    days->require_subcommand(1);
+    AddList(program, days);
+    AddAdd(program, days);
+    AddRemove(program, days);
+}
+
+}  // namespace frontend

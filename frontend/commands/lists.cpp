@@ -1,0 +1,39 @@
+#include "frontend/commands/lists.h"
+
+#include <fmt/format.h>
+
+namespace frontend {
+
+using namespace LumoSeminar;
+
+Ref<colSeminare> SeminarsOf(Context& context) {
+    auto list = New<colSeminare>();
+    if (!list->Init(context.Client(), context.Session())) RaiseRefused(context.Session()->LastErrorText());
+    return list;
+}
+
+Ref<colTermine> DatesOf(Context& context, Int32 seminar, const Text& filter) {
+    auto list = New<colTermine>();
+    if (!list->Init(seminar, context.Client(), context.Session(), filter)) {
+        RaiseRefused(context.Session()->LastErrorText());
+    }
+    return list;
+}
+
+Ref<clsTermin> DateOf(Context& context, Int32 key) {
+    const auto list = DatesOf(context, kAllSeminars, fmt::format(" AND SemTerminID = {}", key));
+    if (list->Count() == 0) RaiseNoSuchDate(context, key);
+    return list->Item(1);
+}
+
+void RaiseNoSuchDate(Context& context, Int32 key) {
+    Raise(ErrorNumber::kKeyNotFound, fmt::format("There is no date {} of client {} or common to all.", key, context.Client()));
+}
+
+std::vector<DateTime> DaysOf(clsTermin& date) {
+    std::vector<DateTime> days;
+    for (const auto& day : date.colTerminTage()->NewEnum()) days.push_back(day->Termin());
+    return days;
+}
+
+}  // namespace frontend

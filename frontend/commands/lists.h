@@ -1,0 +1,29 @@
+#pragma once
+
+#include <vector>
+
+#include <LumoSeminar/LumoSeminar.h>
+
+#include "frontend/context.h"
+
+namespace frontend {
+
+// The lists of the client, and what several commands look up in them. Where the database refuses a list they raise 9999.
+
+LumoSeminar::Ref<LumoSeminar::colSeminare> SeminarsOf(Context& context);
+
+inline constexpr LumoSeminar::Int32 kAllSeminars = -1;
+
+/// @param filter  a further condition, " AND ..."
+LumoSeminar::Ref<LumoSeminar::colTermine> DatesOf(Context& context, LumoSeminar::Int32 seminar = kAllSeminars,
+                                                  const LumoSeminar::Text& filter = {});
+
+/// A date of the client or common to all. Raises key not found (5).
+LumoSeminar::Ref<LumoSeminar::clsTermin> DateOf(Context& context, LumoSeminar::Int32 key);
+
+[[noreturn]] void RaiseNoSuchDate(Context& context, LumoSeminar::Int32 key);
+
+/// The days on which a date takes place.
+std::vector<LumoSeminar::DateTime> DaysOf(LumoSeminar::clsTermin& date);
+
+}  // namespace frontend

@@ -1,0 +1,11 @@
+#pragma once
+
+namespace frontend {
+
+struct TourGround;
+
+// A chapter a file. Each leaves the database as it found it.
+void WalkCatalogue(TourGround& ground);
+void WalkScheduling(TourGround& ground);
+
+}  // namespace frontend
