@@ -3,11 +3,11 @@
 #include <string>
 #include <vector>
 
-#include <LumoConnection/embedded/session.h>
 #include <LumoSeminar/LumoSeminar.h>
 
 #include "ratios.h"
 #include "raw.h"
+#include "schema.h"
 
 // Dates and their days, against the C interface sending the same statements prepared and bound.
 
@@ -16,24 +16,13 @@ namespace {
 using namespace LumoSeminar;
 using bench::Copy;
 using bench::Raw;
-using bench::Stop;
-
-constexpr const char* kDates =
-    "CREATE TABLE Sem_Termin_IT (SemTerminID int NOT NULL PRIMARY KEY, MDNr int NOT NULL, Status tinyint NULL, "
-    "Code nvarchar(20) NULL, Titel nvarchar(255) NULL, SemID int NULL, InhaltZielID int NULL, SelfService smallint NULL, "
-    "Sachbearbeiter int NULL, BeginnDatum datetime NULL, EndeDatum datetime NULL, BeginnUhrzeit datetime NULL, "
-    "EndeUhrzeit datetime NULL, MinTeil int NULL, MaxTeil int NULL, OptTeil int NULL, Stunden float NULL, Sitzungen int NULL, "
-    "SerienID int NULL, KostenProTN money NULL, StornoDatum datetime NULL, StornoKosten money NULL, AbbruchDatum datetime NULL, "
-    "AbbruchKosten money NULL, AnmeldefristDatum datetime NULL, BeurteilungID int NULL, VeranstalterID int NULL, "
-    "VeranstaltungsOrtID int NULL, Bemerkung nvarchar(255) NULL)";
-constexpr const char* kDays =
-    "CREATE TABLE Sem_Termin_Termine_IT (SemTerminID int NOT NULL, Termin datetime NOT NULL, BegUhr datetime NULL, "
-    "EndUhr datetime NULL, CONSTRAINT PK_Days PRIMARY KEY (SemTerminID, Termin))";
 
 // Moments are whole numbers for the C interface.
 constexpr const char* kRawDates =
     "CREATE TABLE Sem_Termin_IT (SemTerminID INTEGER PRIMARY KEY NOT NULL, MDNr INTEGER NOT NULL, Code TEXT, Titel TEXT, "
     "SemID INTEGER, BeginnDatum INTEGER, EndeDatum INTEGER, Bemerkung TEXT)";
+constexpr const char* kRawDatesBySeminar = "CREATE INDEX IX_SemID ON Sem_Termin_IT (SemID)";
+constexpr const char* kRawDatesByClient = "CREATE INDEX IX_MDNr_EndeDatum ON Sem_Termin_IT (MDNr, EndeDatum)";
 constexpr const char* kRawDays =
     "CREATE TABLE Sem_Termin_Termine_IT (SemTerminID INTEGER NOT NULL, Termin INTEGER NOT NULL, BegUhr INTEGER, "
     "EndUhr INTEGER, PRIMARY KEY (SemTerminID, Termin))";
@@ -42,18 +31,9 @@ constexpr int kDayCount = 250;
 constexpr int kDateCount = 10'000;
 constexpr std::int64_t kTicksADay = 25'920'000;
 
-Ref<DataSession> Database() {
-    auto session = New<LumoConnection::EmbeddedSession>();
-    if (!session->Connect("Provider=Embedded;Data Source=:memory:", "", "", 30) || !session->ExecuteSql(kDates) ||
-        !session->ExecuteSql(kDays)) {
-        Stop(session->LastErrorText());
-    }
-    return session;
-}
-
 // A begin that moves to and fro: 250 days go one by one, the list of the days being read again for each, and 250 come.
 void RebuildDays(benchmark::State& state) {
-    const auto session = Database();
+    const auto session = bench::SchemaDatabase();
     clsTermin date;
     date.Init(1, session);
     date.Sitzungen();
@@ -114,13 +94,13 @@ BENCHMARK(RawRebuildDays)->Unit(benchmark::kMillisecond);
 constexpr const char* kTitle = "Brandschutz für Führungskräfte, Teil ";
 
 void ListDates(benchmark::State& state) {
-    const auto session = Database();
+    const auto session = bench::SchemaDatabase();
     for (int key = 1; key <= kDateCount; ++key) {
         const std::string number = std::to_string(key);
         std::string sql = "INSERT INTO Sem_Termin_IT (SemTerminID, MDNr, Code, Titel, SemID, EndeDatum) VALUES (";
         sql.append(number).append(",5,'T-").append(number).append("','").append(kTitle).append(number).append("',7,");
         sql.append(key % 20 == 0 ? "NULL)" : "'" + CompactDateText(DateTime(40'000.0 + key * 7 % 3000)) + "')");
-        if (!session->ExecuteSql(sql)) Stop(session->LastErrorText());
+        bench::Execute(*session, sql);
     }
     for (auto _ : state) {
         colTermine list;
@@ -143,7 +123,7 @@ struct RawDate {
 };
 
 void RawListDates(benchmark::State& state) {
-    Raw raw{kRawDates};
+    Raw raw{kRawDates, kRawDatesBySeminar, kRawDatesByClient};
     raw.Run("BEGIN");
     for (int key = 1; key <= kDateCount; ++key) {
         const std::string number = std::to_string(key);
