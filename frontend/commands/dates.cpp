@@ -246,8 +246,16 @@ int Remove(Context& context, const std::vector<Int32>& keys) {
         for (const Int32 key : keys) {
             const auto date = list->Item(KeyText(key));
             const Text title = date->Titel(false);
-            if (!list->Remove(KeyText(key))) RaiseRefused(context.Session()->LastErrorText());
-            sheet.rows.push_back({key, title, "removed", To<Int32>(DaysOf(*date).size())});
+            const auto Tell = [&](const char* outcome) {
+                sheet.rows.push_back({key, title, outcome, To<Int32>(DaysOf(*date).size())});
+            };
+            try {
+                if (!list->Remove(KeyText(key))) RaiseRefused(context.Session()->LastErrorText());
+            } catch (...) {
+                if (!HasDate(context, key)) Tell("removed, its series not");
+                throw;
+            }
+            Tell("removed");
         }
     } catch (...) {
         PrintSoFar();
@@ -262,8 +270,9 @@ void AddRemove(Program& program, CLI::App* dates) {
     const auto typed = std::make_shared<std::vector<std::string>>();
     command->add_option("KEY", *typed, "SemTerminID of each date")->required()->type_name("N");
     command->footer(
-        "The series of a date goes with it where no other date and no seminar uses it. Its days stay behind: remove\n"
-        "them first with \"lumoseminar days remove\". A new date that gets the same key has them as its own.");
+        "Its participants and focus areas go with a date, and its series where no other date and no seminar uses it.\n"
+        "Its days stay behind: remove them first with \"lumoseminar days remove\". A new date that gets the same key\n"
+        "has them as its own.");
     program.OnCommand(command, [&program, typed] { return Remove(program.Work(), ReadKeys("KEY", *typed)); });
 }
 

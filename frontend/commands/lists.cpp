@@ -20,8 +20,19 @@ Ref<colTermine> DatesOf(Context& context, Int32 seminar, const Text& filter) {
     return list;
 }
 
+namespace {
+
+// A list of that date alone.
+Ref<colTermine> OnlyDate(Context& context, Int32 key) {
+    return DatesOf(context, kAllSeminars, fmt::format(" AND SemTerminID = {}", key));
+}
+
+}  // namespace
+
+bool HasDate(Context& context, Int32 key) { return OnlyDate(context, key)->Count() != 0; }
+
 Ref<clsTermin> DateOf(Context& context, Int32 key) {
-    const auto list = DatesOf(context, kAllSeminars, fmt::format(" AND SemTerminID = {}", key));
+    const auto list = OnlyDate(context, key);
     if (list->Count() == 0) RaiseNoSuchDate(context, key);
     return list->Item(1);
 }

@@ -21,6 +21,9 @@ LumoSeminar::Ref<LumoSeminar::colTermine> DatesOf(Context& context, LumoSeminar:
 /// A date of the client or common to all. Raises key not found (5).
 LumoSeminar::Ref<LumoSeminar::clsTermin> DateOf(Context& context, LumoSeminar::Int32 key);
 
+/// Whether there is such a date.
+bool HasDate(Context& context, LumoSeminar::Int32 key);
+
 [[noreturn]] void RaiseNoSuchDate(Context& context, LumoSeminar::Int32 key);
 
 /// The days on which a date takes place.
