@@ -287,7 +287,7 @@ void Database::RunText(std::string_view text, Outcome& outcome) {
             Refuse(Refused::kSyntax, "The text is not UTF-8.", bad);
         }
         GetReady();
-        const bool has_shape = ReadShape(text, shape_, literals_);
+        const bool has_shape = shapes_.Read(text, shape_, literals_);
         constexpr int kMostAttempts = 10;
         for (int attempt = 0;; ++attempt) {
             std::shared_ptr<Plan> plan = has_shape ? plans_.Find(shape_, literals_) : nullptr;

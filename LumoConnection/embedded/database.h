@@ -9,6 +9,7 @@
 #include <LumoConnection/embedded/catalog.h>
 #include <LumoConnection/embedded/plan.h>
 #include <LumoConnection/embedded/refusal.h>
+#include <LumoConnection/embedded/shape_reader.h>
 #include <LumoConnection/embedded/sqlite.h>
 #include <LumoConnection/stored_rows.h>
 
@@ -86,6 +87,7 @@ class Database {
     int transactions_ = 0;
     bool schema_touched_ = false;  // by the open transaction
     std::int64_t row_count_ = 0;
+    ShapeReader shapes_;
     std::string shape_;
     std::vector<Literal> literals_;
     /// Texts made for the statement that runs, one for each of its parameters.

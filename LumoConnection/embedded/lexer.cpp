@@ -295,7 +295,7 @@ Tokens Tokenise(std::string_view text) {
     }
 }
 
-bool ReadShape(std::string_view text, std::string& shape, std::vector<Literal>& literals) {
+bool ReadShape(std::string_view text, std::string& shape, std::vector<Literal>& literals, std::vector<LiteralPlace>* places) {
     shape.clear();
     literals.clear();
     if (text.size() > kMostText) return false;
@@ -310,6 +310,7 @@ bool ReadShape(std::string_view text, std::string& shape, std::vector<Literal>& 
                 shape.push_back(static_cast<char>(token.literal_class));
                 literals.push_back({token.text, token.literal_class, token.doubled});
                 copied = scanner.Position();
+                if (places) places->push_back({token.offset, copied, token.literal_class});
                 break;
             case TokenKind::kEnd:
                 shape.append(text, copied);

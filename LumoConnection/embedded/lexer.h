@@ -27,6 +27,9 @@ class Scanner {
     /// Offset behind the token read last.
     std::size_t Position() const { return at_; }
 
+    /// Goes on from there, the beginning of a token.
+    void MoveTo(std::size_t position) { at_ = position; }
+
   private:
     void SkipBlanksAndComments();
     Token Quoted(char close, TokenKind kind, std::size_t start);
@@ -49,9 +52,18 @@ struct Tokens {
 /// Refuses what is no token, and a text beyond kMostText.
 Tokens Tokenise(std::string_view text);
 
+/// Where a literal stands in a text, with its quotes.
+struct LiteralPlace {
+    std::size_t from;
+    std::size_t to;
+    LiteralClass literal_class;
+};
+
 /// Writes the shape of a text: the text with each literal replaced by its class. Gives false for a text that
 /// Tokenise would refuse.
-bool ReadShape(std::string_view text, std::string& shape, std::vector<Literal>& literals);
+/// @param places  where to put the places of the literals, too
+bool ReadShape(std::string_view text, std::string& shape, std::vector<Literal>& literals,
+               std::vector<LiteralPlace>* places = nullptr);
 
 /// The text of a literal or a quoted name with doubled closing characters made single.
 std::string Undouble(std::string_view text, char closing);

@@ -1,14 +1,12 @@
 #include <LumoConnection/embedded/session.h>
 
-#include <pwd.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <limits>
 #include <new>
 
 #include <LumoConnection/connection_text.h>
 #include <LumoConnection/embedded/database.h>
+#include <LumoConnection/system_user.h>
 
 namespace LumoConnection {
 
@@ -22,11 +20,6 @@ namespace {
 constexpr Int32 kDefaultTimeout = 30;
 constexpr const char* kOutOfMemoryText = "There is insufficient memory to run this text.";
 constexpr const char* kTakenBackText = " The open transaction has been taken back.";
-
-Text SystemUser() {
-    const passwd* entry = getpwuid(geteuid());
-    return entry && entry->pw_name ? entry->pw_name : std::to_string(geteuid());
-}
 
 Text OneLineText(Text text) {
     std::ranges::replace_if(
