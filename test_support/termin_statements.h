@@ -5,7 +5,9 @@
 #include <string>
 #include <vector>
 
+#include <LumoConnection/script/script_session.h>
 #include <LumoSeminar/frame/variant.h>
+#include <test_support/focus_area_statements.h>
 
 /// For tests: the statements of a date as they are sent, what surrounds it, and rows of it.
 namespace LumoSeminar::termin_statements {
@@ -214,6 +216,18 @@ inline std::vector<Variant> NamedRow(const Text& name, const std::vector<std::st
     std::vector<Variant> row(columns.size(), Variant::Null());
     row[0] = name;
     return row;
+}
+
+inline std::string SelectParticipants(int key) {
+    return "SELECT TeilnehmerID FROM Sem_Teilnehmer_IT WHERE SemTerminID = " + std::to_string(key);
+}
+
+/// The lists that a delete empties, both without an entry.
+inline void ScriptEmptyLists(LumoConnection::Script& script, int key) {
+    script.AdoConnection();
+    script.OpenSelect(SelectParticipants(key)).Rows({"TeilnehmerID"}, {});
+    script.AdoConnection();
+    script.OpenSelect(focus_area_statements::SelectKeysOfDate(key)).Rows({"SchwerpunktID", "SemTerminID"}, {});
 }
 
 }  // namespace LumoSeminar::termin_statements

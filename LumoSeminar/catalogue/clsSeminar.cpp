@@ -1,5 +1,7 @@
 #include <LumoSeminar/catalogue/clsSeminar.h>
 
+#include <LumoSeminar/catalogue/focus_areas.h>
+#include <LumoSeminar/catalogue/target_groups.h>
 #include <LumoSeminar/frame/session_calls.h>
 #include <LumoSeminar/frame/statement.h>
 #include <LumoSeminar/frame/text_form.h>
@@ -70,6 +72,7 @@ constexpr Statement kDelete(kColumns, "DELETE FROM Sem_Katalog_IT WHERE SemID = 
 clsSeminar::~clsSeminar() {
     session_.Reset();
     colTermine_.Reset();
+    colSemSchwerpunkte_.Reset();
 }
 
 Text clsSeminar::Key() try { return KeyText(row_.SemID); } catch (...) {
@@ -84,6 +87,36 @@ Ref<LumoSeminar::colTermine> clsSeminar::colTermine() try {
     return colTermine_;
 } catch (...) {
     RaiseLabelled(" LumoSeminar062.clsSeminar.Termine");
+}
+
+Ref<LumoSeminar::colSemSchwerpunkte> clsSeminar::colSemSchwerpunkte() try {
+    if (!colSemSchwerpunkte_ && PropertiesInit()) {
+        colSemSchwerpunkte_ = New<LumoSeminar::colSemSchwerpunkte>();
+        colSemSchwerpunkte_->Init(row_.SemID, session_);
+    }
+    return colSemSchwerpunkte_;
+} catch (...) {
+    RaiseLabelled(" LumoSeminar062.clsSeminar.SemSchwerpunkte");
+}
+
+Ref<LumoSeminar::colSemZielgruppen> clsSeminar::colSemZielgruppen() try {
+    if (!colSemZielgruppen_ && PropertiesInit()) {
+        colSemZielgruppen_ = New<LumoSeminar::colSemZielgruppen>();
+        colSemZielgruppen_->Init(row_.SemID, session_);
+    }
+    return colSemZielgruppen_;
+} catch (...) {
+    RaiseLabelled(" LumoSeminar.clsSeminar.colSemZielgruppen");
+}
+
+Ref<clsSemZielInhalt> clsSeminar::ZielInhalt() try {
+    if (!ZielInhalt_) {
+        ZielInhalt_ = New<clsSemZielInhalt>();
+        ZielInhalt_->Init(row_.InhaltZielID, session_);
+    }
+    return ZielInhalt_;
+} catch (...) {
+    RaiseLabelled(" LumoSeminar062.clsSeminar.ZielInhalt -> Property GET");
 }
 
 Bool clsSeminar::Init(Int32 p_lngSemID, const Ref<DataSession>& p_objData) try {

@@ -8,6 +8,9 @@
 
 namespace LumoSeminar {
 
+class clsSemZielInhalt;
+class colSemSchwerpunkte;
+class colSemZielgruppen;
 class colSeminare;
 class colTermine;
 
@@ -50,6 +53,10 @@ class clsSeminar final : public PersistentObject<SeminarRow> {
     /// The dates of the seminar, listed at the first get (one statement, and the load) and kept. Empty for a seminar
     /// without a row.
     Ref<LumoSeminar::colTermine> colTermine();
+    /// The focus areas of the seminar, likewise.
+    Ref<LumoSeminar::colSemSchwerpunkte> colSemSchwerpunkte();
+    /// The target groups of the seminar, likewise; one statement more for each of them.
+    Ref<LumoSeminar::colSemZielgruppen> colSemZielgruppen();
 
     /// Binds the object to a key (0: a new seminar) and a session. No statement. False with an empty session.
     Bool Init(Int32 p_lngSemID, const Ref<DataSession>& p_objData);
@@ -86,6 +93,10 @@ class clsSeminar final : public PersistentObject<SeminarRow> {
     Int32 InhaltZielID();
     void InhaltZielID(Int32 value);
 
+    /// Goal and content, read at the first get (one statement) and kept. No load: asked for before any other property
+    /// it is empty and stays so.
+    Ref<clsSemZielInhalt> ZielInhalt();
+
     Int32 TeilnehmerMIN();
     void TeilnehmerMIN(Int32 value);
     Int32 TeilnehmerMAX();
@@ -121,7 +132,6 @@ class clsSeminar final : public PersistentObject<SeminarRow> {
 
   private:
     friend class colSeminare;
-    class colTermine;
 
     /// Deletes the row. One statement, and the list of dates where it has not been read yet. False where the row has
     /// not been read before and where the seminar has dates.
@@ -131,6 +141,9 @@ class clsSeminar final : public PersistentObject<SeminarRow> {
     Bool InitPropertiesByRecordset(const Ref<RecordSet>& p_objRecordset);
 
     Ref<LumoSeminar::colTermine> colTermine_;
+    Ref<LumoSeminar::colSemSchwerpunkte> colSemSchwerpunkte_;
+    Ref<LumoSeminar::colSemZielgruppen> colSemZielgruppen_;
+    Ref<clsSemZielInhalt> ZielInhalt_;
 };
 
 }  // namespace LumoSeminar

@@ -5,6 +5,20 @@
 #include <utility>
 
 namespace LumoSeminar::detail {
+namespace {
+
+// Lets go of an entry and of the object that owns its list, together.
+struct Held {
+    void operator()(void*) {
+        item.reset();
+        owner.reset();
+    }
+
+    std::shared_ptr<void> owner;
+    std::shared_ptr<void> item;
+};
+
+}  // namespace
 
 CollectionBase::Place::Place(CollectionBase& of) : of_(of), at_(of.first_), next_(of.places_) {
     of.places_ = this;
@@ -60,7 +74,7 @@ void CollectionBase::Append(Entry* entry) {
 void CollectionBase::AddEntry(std::shared_ptr<void> item) {
     BuildIndex();
     Entry* const entry = NewEntry();
-    entry->item = std::move(item);
+    entry->item = TakeIn(std::move(item));
     entry->has_key = false;
     Append(entry);
 }
@@ -78,7 +92,7 @@ void CollectionBase::AddEntry(std::shared_ptr<void> item, std::string_view key) 
         entry->after = std::exchange(unused_, entry);
         throw;
     }
-    entry->item = std::move(item);
+    entry->item = TakeIn(std::move(item));
     entry->has_key = true;
     Append(entry);
 }
@@ -91,7 +105,18 @@ void CollectionBase::BuildIndex() {
     indexed_ = true;
 }
 
-const std::shared_ptr<void>& CollectionBase::Find(const Variant& index_or_key) { return At(index_or_key)->item; }
+std::shared_ptr<void> CollectionBase::Find(const Variant& index_or_key) { return HandOut(At(index_or_key)->item); }
+
+std::shared_ptr<void> CollectionBase::HandOut(const std::shared_ptr<void>& item) const {
+    auto owner = holds_also_.lock();
+    if (!owner || !item) return item;
+    return {item.get(), Held{std::move(owner), item}};
+}
+
+std::shared_ptr<void> CollectionBase::TakeIn(std::shared_ptr<void> item) const {
+    const Held* held = std::get_deleter<Held>(item);
+    return held && held->owner == holds_also_.lock() ? held->item : item;
+}
 
 bool CollectionBase::HasNoSuchKey(const Variant& index_or_key) {
     const Text* key = index_or_key.If<Text>();

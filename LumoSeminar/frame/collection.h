@@ -57,7 +57,7 @@ class CollectionBase : public Object {
         ~Place();
 
         bool AtEnd() const { return at_ == nullptr; }
-        const std::shared_ptr<void>& Item() const { return item_; }
+        std::shared_ptr<void> Item() const { return of_.HandOut(item_); }
         void Next();
 
       private:
@@ -73,10 +73,15 @@ class CollectionBase : public Object {
 
     void AddEntry(std::shared_ptr<void> item);
     void AddEntry(std::shared_ptr<void> item, std::string_view key);
-    const std::shared_ptr<void>& Find(const Variant& index_or_key);
+    std::shared_ptr<void> Find(const Variant& index_or_key);
     bool HasNoSuchKey(const Variant& index_or_key);
 
+    void HoldsAlsoObject(std::weak_ptr<void> object) { holds_also_ = std::move(object); }
+
   private:
+    std::shared_ptr<void> HandOut(const std::shared_ptr<void>& item) const;
+    /// What HandOut was given, where the reference is one of its own: the list does not hold its owner.
+    std::shared_ptr<void> TakeIn(std::shared_ptr<void> item) const;
     Entry* NewEntry();
     void Append(Entry* entry);
     Entry* At(const Variant& index_or_key);
@@ -103,6 +108,7 @@ class CollectionBase : public Object {
     Entry* near_ = nullptr;
     Int32 near_position_ = 0;
     Place* places_ = nullptr;
+    std::weak_ptr<void> holds_also_;
 };
 
 }  // namespace detail
@@ -125,6 +131,10 @@ class Collection final : public detail::CollectionBase {
     Ref<T> ItemOrNothing(const Variant& index_or_key) {
         return HasNoSuchKey(index_or_key) ? nullptr : Item(index_or_key);
     }
+
+    /// From now on each reference to an entry that the list gives out holds that object, too. For a list whose entries
+    /// reach the object that owns it: owner and entries then live as long as any of them is held from outside.
+    void HoldsAlso(std::weak_ptr<void> object) { HoldsAlsoObject(std::move(object)); }
 
     class Iterator : Place {
       public:

@@ -266,5 +266,133 @@ TEST(Collection, HoldsManyEntries) {
     EXPECT_EQ(things->Count(), 0);
 }
 
+// An object that the references given out hold, too.
+
+/// Three things and a fourth that goes with the owner.
+struct Owner final : Object {
+    Ref<Collection<Thing>> things = Things(3);
+    Thing own{0};
+};
+
+Ref<Owner> OwnerHeldByItsThings() {
+    auto owner = New<Owner>();
+    owner->things->HoldsAlso(owner.Shared());
+    return owner;
+}
+
+TEST(CollectionHoldsAlso, EveryReferenceThatTheListGivesOutHoldsTheObjectAndThroughItTheOthers) {
+    const int before = Thing::alive;
+    const struct {
+        const char* name;
+        Ref<Thing> (*second)(Collection<Thing>&);
+    } ways[] = {
+        {"position", [](Collection<Thing>& things) { return things.Item(2); }},
+        {"key", [](Collection<Thing>& things) { return things.Item("2"); }},
+        {"position or nothing", [](Collection<Thing>& things) { return things.ItemOrNothing(2); }},
+        {"key or nothing", [](Collection<Thing>& things) { return things.ItemOrNothing("2"); }},
+        {"walk", [](Collection<Thing>& things) { return *++things.begin(); }},
+        {"walk over an entry that is taken out",
+         [](Collection<Thing>& things) {
+             auto place = things.begin();
+             ++place;
+             things.Remove(2);
+             return *place;
+         }},
+    };
+    for (const auto& way : ways) {
+        SCOPED_TRACE(way.name);
+        auto owner = OwnerHeldByItsThings();
+        auto second = way.second(*owner->things);
+        owner.Reset();
+        EXPECT_EQ(second->Number(), 2);
+        EXPECT_EQ(Thing::alive - before, 4);
+        second.Reset();
+        EXPECT_EQ(Thing::alive, before);
+    }
+}
+
+TEST(CollectionHoldsAlso, WithoutItAReferenceHoldsItsEntryOnly) {
+    const int before = Thing::alive;
+    auto owner = New<Owner>();
+    const auto second = owner->things->Item(2);
+    owner.Reset();
+    EXPECT_EQ(Thing::alive - before, 1);
+}
+
+TEST(CollectionHoldsAlso, TheListItselfDoesNotHoldTheObject) {
+    const int before = Thing::alive;
+    auto owner = OwnerHeldByItsThings();
+    auto things = owner->things;
+    owner.Reset();
+    EXPECT_EQ(Thing::alive - before, 3);
+    auto second = things->Item(2);
+    EXPECT_EQ(second.UseCount(), 2) << "handed out as it is";
+    things.Reset();
+    EXPECT_EQ(Thing::alive - before, 1);
+}
+
+TEST(CollectionHoldsAlso, ReferencesToOneEntryAreTheSame) {
+    const auto owner = New<Owner>();
+    const auto& things = owner->things;
+    const auto first = things->Item(1);
+    things->HoldsAlso(owner.Shared());
+    EXPECT_EQ(things->Item(1), first);
+    EXPECT_EQ(things->Item("1"), things->Item(1));
+    EXPECT_EQ(things->Item(1).Get(), first.Get());
+    EXPECT_NE(things->Item(2), first);
+}
+
+TEST(CollectionHoldsAlso, AnEntryThatIsTakenOutHoldsTheObjectAsLongAsItIsHeld) {
+    const int before = Thing::alive;
+    auto owner = OwnerHeldByItsThings();
+    auto second = owner->things->Item(2);
+    owner->things->Remove(2);
+    owner.Reset();
+    EXPECT_EQ(Thing::alive - before, 4);
+    second.Reset();
+    EXPECT_EQ(Thing::alive, before);
+}
+
+TEST(CollectionHoldsAlso, CountsForEntriesThatAreAddedLaterAndRaisesAsEver) {
+    const int before = Thing::alive;
+    auto owner = OwnerHeldByItsThings();
+    owner->things->Add(New<Thing>(4), "4");
+    owner->things->Add(nullptr, "nothing");
+    EXPECT_FALSE(owner->things->Item("nothing"));
+    EXPECT_FALSE(owner->things->ItemOrNothing("7"));
+    EXPECT_RAISES(5, owner->things->Item("7"));
+    EXPECT_RAISES(9, owner->things->Item(6));
+    const auto fourth = owner->things->Item("4");
+    owner.Reset();
+    EXPECT_EQ(Thing::alive - before, 5);
+}
+
+TEST(CollectionHoldsAlso, AnotherObjectMayTakeThePlaceAndNoneAtAll) {
+    const int before = Thing::alive;
+    auto things = Things(1);
+    auto other = New<Thing>(9);
+    things->HoldsAlso(New<Thing>(8).Shared());
+    things->HoldsAlso(other.Shared());
+    const auto first = things->Item(1);
+    other.Reset();
+    EXPECT_EQ(Thing::alive - before, 2);
+    things->HoldsAlso({});
+    EXPECT_EQ(things->Item(1), first);
+    EXPECT_EQ(Thing::alive - before, 2) << "what was given out still holds it";
+}
+
+TEST(CollectionHoldsAlso, AWalkInWhichTheOwnerIsDroppedGoesOnOverAHeldList) {
+    const int before = Thing::alive;
+    auto owner = OwnerHeldByItsThings();
+    std::vector<int> met;
+    for (const auto& thing : Enumerator(owner->things)) {
+        owner.Reset();
+        met.push_back(thing->Number());
+        EXPECT_EQ(Thing::alive - before, met.size() == 1 ? 4 : 3) << "the first reference held the owner";
+    }
+    EXPECT_EQ(met, (std::vector{1, 2, 3}));
+    EXPECT_EQ(Thing::alive, before);
+}
+
 }  // namespace
 }  // namespace LumoSeminar

@@ -1,6 +1,9 @@
 #include <LumoSeminar/scheduling/clsTermin.h>
 
 #include <LumoSeminar/catalogue/clsSeminar.h>
+#include <LumoSeminar/catalogue/focus_areas.h>
+#include <LumoSeminar/enrolment/clsTeilnehmer.h>
+#include <LumoSeminar/enrolment/colTeilnehmer.h>
 #include <LumoSeminar/frame/session_calls.h>
 #include <LumoSeminar/frame/statement.h>
 #include <LumoSeminar/frame/text_form.h>
@@ -182,11 +185,54 @@ Bool clsTermin::WriteToDatabase() try {
 
 Bool clsTermin::DeleteFromDatabase() try {
     if (!PropertiesInit()) return false;
+    if (!clscolTeilnehmer()->RemoveALL()) return false;
+    if (!clscolSemTerminSchwerpunkte()->RemoveAll()) return false;
     if (!session_->ExecuteSql(kDelete(row_))) return false;
     objSerie()->DeleteOldSerie(SerienID());
     return true;
 } catch (...) {
     RaiseLabelled(" LumoSeminar062.clsTermin.DeleteFromDatabase");
+}
+
+Int16 clsTermin::AnzFreiePlaetze() try {
+    if (!PropertiesInit()) return 0;
+    return To<Int16>(std::int64_t{row_.MaxTeil} - AnzAnmeldungen());
+} catch (...) {
+    RaiseLabelled(" LumoSeminar062.clsTermin.AnzFreiePlaetze --> GET");
+}
+
+Int16 clsTermin::AnzAnmeldungen() try {
+    if (!PropertiesInit()) return 0;
+    Int16 enrolled = 0;
+    for (const auto& participant : clscolTeilnehmer()->NewEnum()) {
+        if (participant->Teilnahme() != 0) enrolled = To<Int16>(enrolled + 1);
+    }
+    return enrolled;
+} catch (...) {
+    RaiseLabelled(" LumoSeminar062.clsTermin.AnzAnmeldungen --> GET");
+}
+
+// Both lists carry a label of the seminar.
+Ref<colTeilnehmer> clsTermin::clscolTeilnehmer() try {
+    if (!PropertiesInit()) return {};
+    if (!clscolTeilnehmer_) {
+        clscolTeilnehmer_ = New<colTeilnehmer>();
+        clscolTeilnehmer_->Init(row_.SemTerminID, session_);
+    }
+    return clscolTeilnehmer_;
+} catch (...) {
+    RaiseLabelled(" LumoSeminar062.clsSeminar.Teilnehmer");
+}
+
+Ref<colSemTerminSchwerpunkte> clsTermin::clscolSemTerminSchwerpunkte() try {
+    if (!PropertiesInit()) return {};
+    if (!clscolSemTerminSchwerpunkte_) {
+        clscolSemTerminSchwerpunkte_ = New<colSemTerminSchwerpunkte>();
+        clscolSemTerminSchwerpunkte_->Init(row_.SemTerminID, session_);
+    }
+    return clscolSemTerminSchwerpunkte_;
+} catch (...) {
+    RaiseLabelled(" LumoSeminar062.clsSeminar.Teilnehmer");
 }
 
 Ref<LumoSeminar::colTerminTage> clsTermin::colTerminTage() try {

@@ -12,6 +12,8 @@ class clsSeminar;
 class clsSerie;
 class clsTerminVeranstalter;
 class clsTerminVeranstaltungsOrt;
+class colSemTerminSchwerpunkte;
+class colTeilnehmer;
 class colTerminTage;
 
 /// A row of Sem_Termin_IT.
@@ -60,6 +62,11 @@ class clsTermin final : public PersistentObject<TerminRow> {
   public:
     ~clsTermin() override;
 
+    /// The participants, listed at the first get and kept: one statement and one for each, with the load. Empty where
+    /// the load is refused.
+    Ref<colTeilnehmer> clscolTeilnehmer();
+    /// The focus areas, listed at the first get and kept: one statement, with the load. Empty where the load is refused.
+    Ref<colSemTerminSchwerpunkte> clscolSemTerminSchwerpunkte();
     /// The days. A new list at each read: one statement. Keep the list to walk it twice.
     Ref<LumoSeminar::colTerminTage> colTerminTage();
     /// The series, kept until SerienID changes; never empty. Load.
@@ -178,9 +185,17 @@ class clsTermin final : public PersistentObject<TerminRow> {
     /// days made before keep the key 0. False where the load is refused. Raises 9999 where the statement is refused.
     Bool WriteToDatabase();
 
-    /// Deletes the row, and the row of its series where nothing uses it any more. Days stay. Four or five statements.
-    /// False, and nothing more is done, where the load or the DELETE of the date is refused.
+    /// Deletes the participants and focus areas, as far as they can be deleted, then the row, and the row of its series
+    /// where nothing uses it any more. Days, cost lines and the wait-list stay. Three or four statements, the load,
+    /// both lists, and two for each of their entries, which is read and deleted. False, and nothing more is done, where
+    /// the load or the DELETE of the date is refused. Raises 9999 where that of the series is.
     Bool DeleteFromDatabase();
+
+    /// MaxTeil less AnzAnmeldungen: negative on an overbooked date. 0 where the load is refused. Raises overflow (6).
+    Int16 AnzFreiePlaetze();
+    /// The participants that are not cancelled, as clscolTeilnehmer was when this object first read it. 0 where the
+    /// load is refused. Raises overflow (6).
+    Int16 AnzAnmeldungen();
 
     /// Whether the lets of BeginnDatum and EndeDatum leave the days alone. False at first, not stored. No load.
     Bool NewDelOnlyTag();
@@ -212,6 +227,8 @@ class clsTermin final : public PersistentObject<TerminRow> {
     Int32 p_lngOldSerienID_ = 0;
     DateTime p_dtmOldBeginnDatum_;
     DateTime p_dtmOldEndeDatum_;
+    Ref<colTeilnehmer> clscolTeilnehmer_;
+    Ref<colSemTerminSchwerpunkte> clscolSemTerminSchwerpunkte_;
     Ref<clsSerie> objSerie_;
     Ref<LumoSeminar::colTerminTage> colTerminTage_;
     Ref<clsSeminar> objSeminar_;

@@ -434,6 +434,7 @@ void ScriptDelete(Script& script, int series, Int32 seminars, Int32 dates) {
     auto row = FullRow();
     row[17] = series;
     script.OpenSelect(Select(17)).Rows(kColumns, {row});
+    ScriptEmptyLists(script, 17);
     script.ExecuteSql(Delete(17));
     script.OpenSelect(serie_statements::CountSeminars(series)).Rows({""}, {{seminars}});
     script.CloseRows();
@@ -469,6 +470,7 @@ TEST(clsTermin, ADeleteOfADateWithoutASeriesCountsAndDeletesSeriesZero) {
 TEST(clsTermin, ADeleteLooksAtTheSeriesThatWasLetLastNotAtTheOneInTheRow) {
     Script script;
     script.OpenSelect(Select(17)).Rows(kColumns, {FullRow()});
+    ScriptEmptyLists(script, 17);
     script.ExecuteSql(Delete(17));
     script.OpenSelect(serie_statements::CountSeminars(8)).Rows({""}, {{0}});
     script.CloseRows();
@@ -485,6 +487,7 @@ TEST(clsTermin, ADeleteLooksAtTheSeriesThatWasLetLastNotAtTheOneInTheRow) {
 TEST(clsTermin, ARefusedDeleteIsFalseWithoutAnErrorAndLeavesTheSeries) {
     Script script;
     script.OpenSelect(Select(17)).Rows(kColumns, {FullRow()});
+    ScriptEmptyLists(script, 17);
     script.ExecuteSql(Delete(17)).Refused("The DELETE statement conflicted with the REFERENCE constraint.");
     EXPECT_EQ(Bound(script.Session(), 17)->DeleteFromDatabase(), false);
     EXPECT_EQ(script.LastErrorTextCalls(), 0);
@@ -503,6 +506,21 @@ TEST(clsTermin, ADeleteFailsAsDocumentedAtEachStep) {
     const std::string operation = kLabel + "DeleteFromDatabase";
     const std::string uses = "LumoSeminar.clsTermin.CheckSerie";
     const Labels series = {"LumoSeminar.clsSerie.DeleteFromDatabase", "LUmoSeminar.clsSerie.RemoveSerie", uses, operation};
+    const std::string lists = " LumoSeminar062.clsSeminar.Teilnehmer";
+    const std::string participants = " LumoSeminar062.ColTeilnehmer.";
+    const std::string focus_areas = " LumoSeminar062.clsColSemTerminSchwerpunkte.";
+    const std::string open = "Open of the connection";
+    const std::string count_dates = "OpenSelect: " + serie_statements::CountDates(7);
+    const std::string delete_series = "ExecuteSql: " + serie_statements::Delete(7);
+    const Labels deletes = {"ExecuteSql: " + Delete(17),   "OpenSelect: " + serie_statements::CountSeminars(7),
+                            "Close of the rows of step 7", count_dates,
+                            "Close of the rows of step 9", delete_series};
+    const auto Then = [](Labels first, const Labels& more) {
+        first.insert(first.end(), more.begin(), more.end());
+        return first;
+    };
+    const Labels focus_areas_and_deletes =
+        Then({"AdoConnection", "OpenSelect: " + focus_area_statements::SelectKeysOfDate(17)}, deletes);
     ExpectFailures(
         [](Script& script) {
             ScriptDelete(script, 7, 0, 0);
@@ -510,22 +528,25 @@ TEST(clsTermin, ADeleteFailsAsDocumentedAtEachStep) {
         },
         [](const Ref<DataSession>& session) { Bound(session, 17)->DeleteFromDatabase(); },
         {{1, kNotOk},
-         {2, kNotOk},
-         {3,
-          kNotOk,
-          0,
-          {},
-          {"OpenSelect: " + serie_statements::CountDates(7), "Close of the rows of step 5",
-           "ExecuteSql: " + serie_statements::Delete(7)}},
-         {5, kNotOk, 0, {}, {"ExecuteSql: " + serie_statements::Delete(7)}},
-         {7, kNotOk, 9999, series},
+         {2, kNotOk, 0, {}, Then({open}, focus_areas_and_deletes)},
+         {3, kNotOk, 0, {}, focus_areas_and_deletes},
+         {4, kNotOk, 0, {}, Then({open}, deletes)},
+         {5, kNotOk, 0, {}, deletes},
+         {6, kNotOk},
+         {7, kNotOk, 0, {}, {count_dates, "Close of the rows of step 9", delete_series}},
+         {9, kNotOk, 0, {}, {delete_series}},
+         {11, kNotOk, 9999, series},
          {1, kRaises, 7001, {kLabel + "PropertiesInit", operation}},
-         {2, kRaises, 7001, {operation}},
-         {3, kRaises, 7001, {uses, operation}},
-         {4, kRaises, 7001, {uses, operation}},
-         {5, kRaises, 7001, {uses, operation}},
-         {6, kRaises, 7001, {uses, operation}},
-         {7, kRaises, 7001, series}});
+         {2, kRaises, 7001, {participants + "Init", lists, operation}},
+         {3, kRaises, 7001, {participants + "LoadKeysFromDatabase", participants + "Init", lists, operation}},
+         {4, kRaises, 7001, {focus_areas + "Init", lists, operation}},
+         {5, kRaises, 7001, {focus_areas + "LoadKeysFromDatabase", focus_areas + "Init", lists, operation}},
+         {6, kRaises, 7001, {operation}},
+         {7, kRaises, 7001, {uses, operation}},
+         {8, kRaises, 7001, {uses, operation}},
+         {9, kRaises, 7001, {uses, operation}},
+         {10, kRaises, 7001, {uses, operation}},
+         {11, kRaises, 7001, series}});
 }
 
 }  // namespace

@@ -27,6 +27,9 @@ using Labels = std::vector<std::string>;
 const std::string kLabelOfAdd = " LumoSeminar.colTermine.Add";
 const std::string kLabelOfItem = " LumoSeminar.colTermine.Item";
 const std::string kLabelOfRemove = " LumoSeminar062.colTermine.Remove";
+const std::string kLists = " LumoSeminar062.clsSeminar.Teilnehmer";
+const std::string kParticipants = " LumoSeminar062.ColTeilnehmer.";
+const std::string kFocusAreas = " LumoSeminar062.clsColSemTerminSchwerpunkte.";
 const std::string kLabelOfInit = " LumoSeminar062.clsColTermine.Init";
 const Labels kLabelsOfALoad = {" LumoSeminar062.clsColTermine.LoadKeysFromDatabase", kLabelOfInit};
 
@@ -72,6 +75,7 @@ std::vector<Variant> DateRow(const DateFields& fields = {}) {
 /// What the delete of a date with series 9 sends; the series has that many uses left.
 void ScriptDelete(Script& script, int key, Int32 uses = 0) {
     script.OpenSelect(termin_statements::Select(key)).Rows(termin_statements::kColumns, {DateRow({.series = 9})});
+    termin_statements::ScriptEmptyLists(script, key);
     script.ExecuteSql(termin_statements::Delete(key));
     script.OpenSelect(serie_statements::CountSeminars(9)).Rows({""}, {{0}});
     script.CloseRows();
@@ -515,6 +519,7 @@ TEST(colTermine, RemoveOfADateWhoseDeleteReportsFalseLeavesTheEntryAndIsFalse) {
         ScriptList(script, kThree);
         if (loaded) {
             script.OpenSelect(termin_statements::Select(17)).Rows(termin_statements::kColumns, {DateRow({.series = 9})});
+            termin_statements::ScriptEmptyLists(script, 17);
             script.ExecuteSql(termin_statements::Delete(17)).Refused("Die Zeile ist in Gebrauch.");
         } else {
             script.OpenSelect(termin_statements::Select(17)).Refused("time-out");
@@ -581,7 +586,18 @@ TEST(colTermine, ARemoveFailsAsDocumentedAtEachStep) {
     const Labels in_series = {"LumoSeminar.clsTermin.CheckSerie", kDate + "DeleteFromDatabase", kLabelOfRemove};
     const Labels in_delete_of_series = {"LumoSeminar.clsSerie.DeleteFromDatabase", "LUmoSeminar.clsSerie.RemoveSerie",
                                         "LumoSeminar.clsTermin.CheckSerie", kDate + "DeleteFromDatabase", kLabelOfRemove};
-    const std::string delete_of_series = "ExecuteSql: " + serie_statements::Delete(9);
+    const std::string open = "Open of the connection";
+    const std::string focus_areas = "OpenSelect: " + focus_area_statements::SelectKeysOfDate(17);
+    const Labels deletes = {"ExecuteSql: " + termin_statements::Delete(17),
+                            "OpenSelect: " + serie_statements::CountSeminars(9),
+                            "Close of the rows of step 9",
+                            "OpenSelect: " + serie_statements::CountDates(9),
+                            "Close of the rows of step 11",
+                            "ExecuteSql: " + serie_statements::Delete(9)};
+    const auto Then = [](Labels first, const Labels& more) {
+        first.insert(first.end(), more.begin(), more.end());
+        return first;
+    };
     ExpectFailures(
         [](Script& script) {
             ScriptList(script, {{17, kMarch, "Löten", "LÖ-1"}});
@@ -598,22 +614,30 @@ TEST(colTermine, ARemoveFailsAsDocumentedAtEachStep) {
                 throw;
             }
         },
-        {{1, kNotOk, 0, {}, {"Open of the connection"}},
+        {{1, kNotOk, 0, {}, {open}},
          {2, kNotOk},
          {3, kNotOk},
-         {4, kNotOk},
-         {5, kNotOk, 0, {}, {"OpenSelect: " + serie_statements::CountDates(9), "Close of the rows of step 7", delete_of_series}},
-         {7, kNotOk, 0, {}, {delete_of_series}},
-         {9, kNotOk, 9999, in_delete_of_series},
+         {4, kNotOk, 0, {}, Then({open, "AdoConnection", focus_areas}, deletes)},
+         {5, kNotOk, 0, {}, Then({"AdoConnection", focus_areas}, deletes)},
+         {6, kNotOk, 0, {}, Then({open}, deletes)},
+         {7, kNotOk, 0, {}, deletes},
+         {8, kNotOk},
+         {9, kNotOk, 0, {}, {deletes.begin() + 3, deletes.end()}},
+         {11, kNotOk, 0, {}, {deletes.back()}},
+         {13, kNotOk, 9999, in_delete_of_series},
          {1, kRaises, 7001, {kLabelOfInit}},
          {2, kRaises, 7001, kLabelsOfALoad},
-         {3, kRaises, 7001, {kDate + "PropertiesInit", kDate + "DeleteFromDatabase", kLabelOfRemove}},
-         {4, kRaises, 7001, in_delete},
-         {5, kRaises, 7001, in_series},
-         {6, kRaises, 7001, in_series},
-         {7, kRaises, 7001, in_series},
-         {8, kRaises, 7001, in_series},
-         {9, kRaises, 7001, in_delete_of_series}});
+         {3, kRaises, 7001, Then({kDate + "PropertiesInit"}, in_delete)},
+         {4, kRaises, 7001, Then({kParticipants + "Init", kLists}, in_delete)},
+         {5, kRaises, 7001, Then({kParticipants + "LoadKeysFromDatabase", kParticipants + "Init", kLists}, in_delete)},
+         {6, kRaises, 7001, Then({kFocusAreas + "Init", kLists}, in_delete)},
+         {7, kRaises, 7001, Then({kFocusAreas + "LoadKeysFromDatabase", kFocusAreas + "Init", kLists}, in_delete)},
+         {8, kRaises, 7001, in_delete},
+         {9, kRaises, 7001, in_series},
+         {10, kRaises, 7001, in_series},
+         {11, kRaises, 7001, in_series},
+         {12, kRaises, 7001, in_series},
+         {13, kRaises, 7001, in_delete_of_series}});
 }
 
 TEST(colTermine, ADateOutlivesItsListAndBothLetGoOfTheSession) {

@@ -1,0 +1,473 @@
+#include <LumoSeminar/enrolment/participant_costs.h>
+
+#include <gtest/gtest.h>
+
+#include <LumoConnection/script/script_session.h>
+#include <test_support/cost_statements.h>
+#include <test_support/failures.h>
+#include <test_support/raises.h>
+
+namespace LumoSeminar {
+namespace {
+
+using namespace cost_statements;
+using LumoConnection::Script;
+using test_support::ExpectFailures;
+using test_support::kNotOk;
+using test_support::kRaises;
+using test_support::RaisedBy;
+
+using Labels = std::vector<std::string>;
+
+const Variant kNull = Variant::Null();
+const std::string kLabelOfALoad = " in LumoSeminar.IsInitialized";
+const std::string kLabelOfAWrite = " in LumoSeminar.WriteToDatabase";
+const std::string kLabelOfADelete = " in LumoSeminar.DeleteFromDatabase";
+const std::string kLabelOfItem = " in LumoSeminar.Item";
+const Labels kLabelsOfAList = {" in LumoSeminar.LoadKeysFromDataBase", " in LumoSeminar.Init"};
+
+Labels LabelsOf(const std::optional<Error>& error) {
+    return error ? ReadDescription(error->Description()).labels : Labels{"nothing raised"};
+}
+
+TEST(clsTeilnehmerKosten, TheKeysAreStoredAndGivenWithoutASession) {
+    clsTeilnehmerKosten line;
+    EXPECT_EQ(line.TeilnehmerID(), 0);
+    EXPECT_EQ(line.KostenID(), 0);
+    line.TeilnehmerID(-7);
+    line.KostenID(2147483647);
+    EXPECT_EQ(line.TeilnehmerID(), -7);
+    EXPECT_EQ(line.KostenID(), 2147483647);
+}
+
+TEST(clsTeilnehmerKosten, InitStoresWhatItIsGivenReadsNothingAndGivesEmpty) {
+    Script script;
+    clsTeilnehmerKosten line;
+    EXPECT_EQ(line.Init(7, 2, script.Session()), Variant());
+    EXPECT_EQ(line.TeilnehmerID(), 7);
+    EXPECT_EQ(line.KostenID(), 2);
+    EXPECT_FALSE(script.SessionReleased());
+    EXPECT_EQ(line.Init(8, 3, nullptr), Variant());
+    EXPECT_EQ(line.TeilnehmerID(), 8);
+    EXPECT_EQ(line.KostenID(), 3);
+    EXPECT_TRUE(script.SessionReleased());
+    EXPECT_EQ(script.Report(), "");
+}
+
+struct NamedAccess {
+    const char* name;
+    void (*access)(clsTeilnehmerKosten&);
+    /// What the line holds behind the access.
+    Values values;
+};
+const NamedAccess kAccesses[] = {
+    {"get KostenArtID", [](clsTeilnehmerKosten& l) { EXPECT_EQ(l.KostenArtID(), 3); }, kLine},
+    {"get Kostenbetrag", [](clsTeilnehmerKosten& l) { EXPECT_EQ(l.Kostenbetrag(), 120.5f); }, kLine},
+    {"get Kost", [](clsTeilnehmerKosten& l) { EXPECT_EQ(l.Kost(), 4110); }, kLine},
+    {"let KostenArtID", [](clsTeilnehmerKosten& l) { l.KostenArtID(5); }, {7, 2, 5, Single{120.5}, 4110}},
+    {"let Kostenbetrag", [](clsTeilnehmerKosten& l) { l.Kostenbetrag(-0.25f); }, {7, 2, 3, Single{-0.25}, 4110}},
+    {"let Kost", [](clsTeilnehmerKosten& l) { l.Kost(-1); }, {7, 2, 3, Single{120.5}, -1}},
+};
+
+TEST(clsTeilnehmerKosten, TheFirstAccessLoadsAndCloses) {
+    for (const auto& a : kAccesses) {
+        SCOPED_TRACE(a.name);
+        Script script;
+        script
+            .OpenSelect(
+                "Select TeilnehmerID,KostenID,KostenArtID,Kostenbetrag,Kost from Sem_Teilnehmer_Kosten_IT where TeilnehmerID "
+                "= 7 AND KostenID = 2")
+            .Rows({"TeilnehmerID", "KostenID", "KostenArtID", "Kostenbetrag", "Kost"}, {kLine});
+        script.CloseRows();
+        const auto line = Bound(script.Session());
+        a.access(*line);
+        EXPECT_EQ(ValuesOf(*line), a.values);
+        EXPECT_EQ(script.Report(), "");
+    }
+}
+
+TEST(clsTeilnehmerKosten, AWholeRowIsReadKeysIncluded) {
+    Script script;
+    ScriptLoad(script, {{8, 9, 10, Single{11.5}, 12}});
+    const auto line = Bound(script.Session());
+    EXPECT_EQ(line->Kost(), 12);
+    EXPECT_EQ(ValuesOf(*line), (Values{8, 9, 10, Single{11.5}, 12}));
+    EXPECT_EQ(script.Report(), "");
+}
+
+TEST(clsTeilnehmerKosten, ANullIsZeroInEachColumn) {
+    for (std::size_t i = 0; i < kLine.size(); ++i) {
+        SCOPED_TRACE(kColumns[i]);
+        Values row = kLine;
+        row[i] = kNull;
+        Values expected = kLine;
+        expected[i] = i == 3 ? Variant(Single{0}) : Variant(0);
+        Script script;
+        ScriptLoad(script, {row});
+        const auto line = Bound(script.Session());
+        line->Kost();
+        EXPECT_EQ(ValuesOf(*line), expected);
+        EXPECT_EQ(script.Report(), "");
+    }
+}
+
+TEST(clsTeilnehmerKosten, ANumberOfAnotherTypeIsConverted) {
+    Script script;
+    ScriptLoad(script, {{Double{7}, Int16{2}, "3", 0.1, Money(4110)}});
+    const auto line = Bound(script.Session());
+    EXPECT_EQ(line->Kostenbetrag(), 0.1f);
+    EXPECT_EQ(ValuesOf(*line), (Values{7, 2, 3, Single{0.1f}, 4110}));
+    EXPECT_EQ(script.Report(), "");
+}
+
+TEST(clsTeilnehmerKosten, ALineWithoutARowIsZeroAndNotLookedForAgain) {
+    Script script;
+    ScriptLoad(script, {});
+    const auto line = Bound(script.Session());
+    EXPECT_EQ(line->KostenArtID(), 0);
+    EXPECT_EQ(ValuesOf(*line), (Values{7, 2, 0, Single{0}, 0}));
+    EXPECT_EQ(script.Report(), "");
+}
+
+TEST(clsTeilnehmerKosten, ALetOfANewLineLooksForTheRowFindsNoneAndStores) {
+    Script script;
+    ScriptLoad(script, {}, 7, 0);
+    const auto line = Bound(script.Session(), 7, 0);
+    line->Kostenbetrag(12.5f);
+    line->Kost(4110);
+    EXPECT_EQ(ValuesOf(*line), (Values{7, 0, 0, Single{12.5}, 4110}));
+    EXPECT_EQ(script.Report(), "");
+}
+
+TEST(clsTeilnehmerKosten, AnotherKeyOrAnotherInitDoesNotLoadAgain) {
+    Script script;
+    Script other;
+    ScriptLoad(script);
+    const auto line = Bound(script.Session());
+    EXPECT_EQ(line->Kost(), 4110);
+    line->KostenID(5);
+    EXPECT_EQ(ValuesOf(*line), (Values{7, 5, 3, Single{120.5}, 4110}));
+    line->Init(8, 6, other.Session());
+    EXPECT_EQ(ValuesOf(*line), (Values{8, 6, 3, Single{120.5}, 4110}));
+    EXPECT_EQ(script.Report() + other.Report(), "");
+}
+
+TEST(clsTeilnehmerKosten, ARefusedLoadRaises9999DropsTheLetAndIsTriedAgain) {
+    Script script;
+    for (int i = 0; i < 2; ++i)
+        script.OpenSelect(SelectLine(7, 2)).Refused("Ungültiger Objektname 'Sem_Teilnehmer_Kosten_IT'.");
+    ScriptLoad(script);
+    const auto line = Bound(script.Session());
+    const auto error = RaisedBy([&] { return line->Kost(); });
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->Number(), 9999);
+    EXPECT_EQ(error->Source(), "LumoSeminar");
+    EXPECT_EQ(error->Description(),
+              "in line: 0\r\nUngültiger Objektname 'Sem_Teilnehmer_Kosten_IT'. in LumoSeminar.IsInitialized");
+    EXPECT_RAISES(9999, line->Kostenbetrag(99));
+    EXPECT_EQ(script.LastErrorTextCalls(), 2);
+    EXPECT_EQ(line->Kostenbetrag(), 120.5f);
+    EXPECT_EQ(script.Report(), "");
+}
+
+TEST(clsTeilnehmerKosten, ALoadThatRaisesIsTriedAgain) {
+    const struct {
+        std::vector<std::string> columns;
+        Values row;
+        Int32 number;
+    } cases[] = {
+        {kColumns, {7, 2, "drei", Single{120.5}, 4110}, 13},
+        {kColumns, {7, 2, 3, 1e39, 4110}, 6},
+        {kColumns, {7, 2, 3, Single{120.5}, 1e10}, 6},
+        {{"TeilnehmerID", "KostenID", "KostenArtID", "Kostenbetrag"}, {7, 2, 3, Single{120.5}}, 9},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.number);
+        Script script;
+        script.OpenSelect(SelectLine(7, 2)).Rows(c.columns, {c.row});
+        ScriptLoad(script);
+        const auto line = Bound(script.Session());
+        const auto error = RaisedBy([&] { return line->Kost(); });
+        ASSERT_TRUE(error);
+        EXPECT_EQ(error->Number(), c.number);
+        EXPECT_EQ(LabelsOf(error), Labels{kLabelOfALoad});
+        EXPECT_EQ(line->Kost(), 4110);
+        EXPECT_EQ(script.Report(), "");
+    }
+}
+
+TEST(clsTeilnehmerKosten, ALineThatWasReadStaysLoadedWhereItsRowsCannotBeClosed) {
+    Script script;
+    script.OpenSelect(SelectLine(7, 2)).Rows(kColumns, {kLine});
+    script.CloseRows().Raises(-1, "Die Verbindung ist abgebrochen.", "Treiber");
+    const auto line = Bound(script.Session());
+    const auto error = RaisedBy([&] { return line->Kost(); });
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->Number(), -1);
+    EXPECT_EQ(error->Source(), "Treiber");
+    EXPECT_EQ(LabelsOf(error), Labels{kLabelOfALoad});
+    EXPECT_EQ(line->Kost(), 4110);
+    EXPECT_EQ(script.Report(), "");
+}
+
+TEST(clsTeilnehmerKosten, WithoutASessionEverythingButTheKeysRaises91) {
+    const struct {
+        const char* name;
+        Int32 key;
+        void (*run)(clsTeilnehmerKosten&);
+        Labels labels;
+    } cases[] = {
+        {"get KostenArtID", 2, [](clsTeilnehmerKosten& l) { l.KostenArtID(); }, {kLabelOfALoad}},
+        {"get Kostenbetrag", 2, [](clsTeilnehmerKosten& l) { l.Kostenbetrag(); }, {kLabelOfALoad}},
+        {"get Kost", 2, [](clsTeilnehmerKosten& l) { l.Kost(); }, {kLabelOfALoad}},
+        {"let KostenArtID", 2, [](clsTeilnehmerKosten& l) { l.KostenArtID(1); }, {kLabelOfALoad}},
+        {"let Kostenbetrag", 2, [](clsTeilnehmerKosten& l) { l.Kostenbetrag(1); }, {kLabelOfALoad}},
+        {"let Kost", 2, [](clsTeilnehmerKosten& l) { l.Kost(1); }, {kLabelOfALoad}},
+        {"update", 2, [](clsTeilnehmerKosten& l) { l.WriteToDatabase(); }, {kLabelOfALoad, kLabelOfAWrite}},
+        {"insert", 0, [](clsTeilnehmerKosten& l) { l.WriteToDatabase(); }, {kLabelOfAWrite}},
+        {"delete", 2, [](clsTeilnehmerKosten& l) { l.DeleteFromDatabase(); }, {kLabelOfADelete}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        const auto line = Bound(nullptr, 7, c.key);
+        const auto error = RaisedBy([&] { return c.run(*line), 0; });
+        ASSERT_TRUE(error);
+        EXPECT_EQ(error->Number(), 91);
+        EXPECT_EQ(LabelsOf(error), c.labels);
+    }
+}
+
+void ScriptList(Script& script, const std::vector<Values>& rows, int participant = 7) {
+    script.OpenSelect(SelectLines(participant)).Rows(kColumns, rows);
+    script.CloseRows();
+}
+
+Ref<colTeilnehmerKosten> Listed(const Ref<DataSession>& session, Int32 participant = 7) {
+    auto list = New<colTeilnehmerKosten>();
+    EXPECT_EQ(list->Init(participant, session), Variant(true));
+    return list;
+}
+
+std::vector<Int32> LinesOf(const Ref<colTeilnehmerKosten>& list) {
+    std::vector<Int32> lines;
+    for (const auto& line : list->NewEnum()) lines.push_back(line->KostenID());
+    return lines;
+}
+
+TEST(colTeilnehmerKosten, ListsAndLoadsTheLinesInTheOrderOfTheServerWithOneStatement) {
+    Script script;
+    script
+        .OpenSelect(
+            "Select TeilnehmerID,KostenID,KostenArtID,Kostenbetrag,Kost from Sem_Teilnehmer_Kosten_IT Where TeilnehmerID "
+            "= 7")
+        .Rows({"TeilnehmerID", "KostenID", "KostenArtID", "Kostenbetrag", "Kost"},
+              {{7, 3, 1, Single{55}, 9400}, kLine, {7, 1, kNull, kNull, kNull}});
+    script.CloseRows();
+    colTeilnehmerKosten list;
+    EXPECT_EQ(list.Init(7, script.Session()), Variant(true));
+    ASSERT_EQ(list.Count(), 3);
+    EXPECT_EQ(ValuesOf(*list.Item(1)), (Values{7, 3, 1, Single{55}, 9400}));
+    EXPECT_EQ(ValuesOf(*list.Item(2)), kLine);
+    EXPECT_EQ(ValuesOf(*list.Item(3)), (Values{7, 1, 0, Single{0}, 0}));
+    list.Item(3)->Kost(1);
+    EXPECT_EQ(list.Item(3)->Kost(), 1);
+    EXPECT_EQ(script.RecordsetCalls(), 1);
+    EXPECT_EQ(script.Report(), "");
+}
+
+TEST(colTeilnehmerKosten, AParticipantWithoutLinesHasAnEmptyList) {
+    Script script;
+    ScriptList(script, {}, 0);
+    EXPECT_EQ(Listed(script.Session(), 0)->Count(), 0);
+    EXPECT_EQ(script.Report(), "");
+}
+
+TEST(colTeilnehmerKosten, ALineBelongsToTheParticipantOfItsRowAndANullKeyIs0) {
+    Script script;
+    ScriptList(script, {{8, 4, 1, Single{1}, 1}, {kNull, kNull, 1, Single{2}, 2}});
+    const auto list = Listed(script.Session());
+    EXPECT_EQ(ValuesOf(*list->Item("4")), (Values{8, 4, 1, Single{1}, 1}));
+    EXPECT_EQ(ValuesOf(*list->Item("0")), (Values{0, 0, 1, Single{2}, 2}));
+    EXPECT_EQ(script.Report(), "");
+}
+
+TEST(colTeilnehmerKosten, WithoutASessionInitRaises91) {
+    colTeilnehmerKosten list;
+    const auto error = RaisedBy([&] { return list.Init(7, nullptr); });
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->Number(), 91);
+    EXPECT_EQ(LabelsOf(error), kLabelsOfAList);
+}
+
+TEST(colTeilnehmerKosten, ARefusedListRaises9999AndKeepsSessionAndParticipant) {
+    Script script;
+    script.OpenSelect(SelectLines(7)).Refused("Ungültiger Objektname 'Sem_Teilnehmer_Kosten_IT'.");
+    ScriptLoad(script);
+    colTeilnehmerKosten list;
+    const auto error = RaisedBy([&] { return list.Init(7, script.Session()); });
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->Number(), 9999);
+    EXPECT_EQ(error->Source(), "LumoSeminar");
+    EXPECT_EQ(error->Description(),
+              "in line: 0\r\nin line: 0\r\nUngültiger Objektname 'Sem_Teilnehmer_Kosten_IT'. in "
+              "LumoSeminar.LoadKeysFromDataBase in LumoSeminar.Init");
+    EXPECT_EQ(script.LastErrorTextCalls(), 1);
+    EXPECT_EQ(list.Count(), 0);
+    EXPECT_EQ(ValuesOf(*list.Add(2)), kLine);
+    EXPECT_EQ(script.Report(), "");
+}
+
+TEST(colTeilnehmerKosten, AFieldThatCannotBeReadRaisesAndTheLinesBeforeItStay) {
+    Script script;
+    script.OpenSelect(SelectLines(7)).Rows(kColumns, {kLine, {7, 3, 1, "viel", 1}, {7, 4, 1, Single{1}, 1}});
+    const auto list = New<colTeilnehmerKosten>();
+    const auto error = RaisedBy([&] { return list->Init(7, script.Session()); });
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->Number(), 13);
+    EXPECT_EQ(LabelsOf(error), kLabelsOfAList);
+    EXPECT_EQ(LinesOf(list), std::vector<Int32>{2});
+    EXPECT_EQ(script.Report(), "");
+}
+
+TEST(colTeilnehmerKosten, TwoRowsOfOneKostenIDRaise457) {
+    Script script;
+    script.OpenSelect(SelectLines(7)).Rows(kColumns, {kLine, {8, 2, 1, Single{1}, 1}});
+    colTeilnehmerKosten list;
+    const auto error = RaisedBy([&] { return list.Init(7, script.Session()); });
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->Number(), 457);
+    EXPECT_EQ(LabelsOf(error), kLabelsOfAList);
+    EXPECT_EQ(list.Count(), 1);
+}
+
+TEST(colTeilnehmerKosten, ASecondInitAddsTheLinesOfTheOtherParticipant) {
+    Script script;
+    ScriptList(script, {kLine});
+    ScriptList(script, {{8, 1, 1, Single{1}, 1}}, 8);
+    const auto list = Listed(script.Session());
+    EXPECT_EQ(list->Init(8, script.Session()), Variant(true));
+    EXPECT_EQ(LinesOf(list), (std::vector<Int32>{2, 1}));
+    EXPECT_EQ(list->Add(5)->TeilnehmerID(), 8);
+    EXPECT_EQ(script.Report(), "");
+}
+
+TEST(colTeilnehmerKosten, AddBindsAndFilesALineThatLoadsAtItsFirstAccess) {
+    Script script;
+    ScriptList(script, {});
+    ScriptLoad(script);
+    const auto list = Listed(script.Session());
+    const auto line = list->Add(2);
+    EXPECT_EQ(list->Item("2"), line);
+    EXPECT_EQ(list->Item(1), line);
+    EXPECT_EQ(ValuesOf(*line), kLine);
+    EXPECT_EQ(script.Report(), "");
+}
+
+TEST(colTeilnehmerKosten, ASecondNewLineRaises457AlsoWhereTheFirstHasBeenWritten) {
+    Script script;
+    ScriptList(script, {kLine});
+    script.LookupValue("KostenArten_ID", "sysIData_KostenArten", "KostenArten = 'Teilnehmerkosten'").Gives(1);
+    script.LookupValue("max(KostenID)", "Sem_Teilnehmer_Kosten_IT", "TeilnehmerID =7").Gives(2);
+    script.ExecuteSql(InsertLine("7,3,1,NULL,0"));
+    const auto list = Listed(script.Session());
+    const auto line = list->Add(0);
+    const auto expect_collision = [&] {
+        const auto error = RaisedBy([&] { return list->Add(0); });
+        ASSERT_TRUE(error);
+        EXPECT_EQ(error->Number(), 457);
+        EXPECT_EQ(LabelsOf(error), Labels{}) << "Add has no label";
+    };
+    expect_collision();
+    EXPECT_EQ(line->WriteToDatabase(), true);
+    expect_collision();
+    EXPECT_EQ(LinesOf(list), (std::vector<Int32>{2, 3}));
+    EXPECT_EQ(list->Item("0"), line) << "it keeps the key it was filed under";
+    EXPECT_FALSE(list->Item("3"));
+    EXPECT_EQ(script.Report(), "");
+}
+
+TEST(colTeilnehmerKosten, ItemFindsByPositionAndByTheDecimalTextOfTheKey) {
+    Script script;
+    ScriptList(script, {{7, 12, 1, Single{1}, 1}, {7, -3, 1, Single{1}, 1}, {7, 2147483647, 1, Single{1}, 1}});
+    const auto list = Listed(script.Session());
+    EXPECT_EQ(list->Item("12"), list->Item(1));
+    EXPECT_EQ(list->Item("-3"), list->Item(2.0));
+    EXPECT_EQ(list->Item("2147483647"), list->Item(3));
+    for (const char* key : {"1", "0000000012", "012", " 12", ""}) EXPECT_FALSE(list->Item(key)) << key;
+    EXPECT_EQ(script.Report(), "");
+}
+
+TEST(colTeilnehmerKosten, ItemRaisesForWhatIsNoPositionWithItsLabelAndRemoveWithout) {
+    Script script;
+    ScriptList(script, {kLine});
+    const auto list = Listed(script.Session());
+    const struct {
+        Variant index;
+        Int32 number;
+    } cases[] = {{0, 9}, {2, 9}, {-1, 9}, {Variant(), 9}, {kNull, 94}, {list->Item(1), 13}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.index.TypeName());
+        const auto item = RaisedBy([&] { return list->Item(c.index); });
+        ASSERT_TRUE(item);
+        EXPECT_EQ(item->Number(), c.number);
+        EXPECT_EQ(item->Description().substr(0, 12), "in line: 0\r\n");
+        EXPECT_EQ(LabelsOf(item), Labels{kLabelOfItem});
+        const auto remove = RaisedBy([&] { return list->Remove(c.index), 0; });
+        ASSERT_TRUE(remove);
+        EXPECT_EQ(remove->Number(), c.number);
+        EXPECT_EQ(LabelsOf(remove), Labels{});
+    }
+    const auto unknown = RaisedBy([&] { return list->Remove("1"), 0; });
+    ASSERT_TRUE(unknown);
+    EXPECT_EQ(unknown->Number(), 5);
+    EXPECT_EQ(unknown->Description(), "There is no entry under the key \"1\" in the collection.");
+    EXPECT_EQ(list->Count(), 1);
+}
+
+TEST(colTeilnehmerKosten, RemoveLeavesTheRowAndDeleteFromDatabaseTheEntry) {
+    Script script;
+    ScriptList(script, {{7, 1, 1, Single{1}, 1}, kLine, {7, 3, 1, Single{1}, 1}});
+    script.ExecuteSql(DeleteLine(7, 3));
+    const auto list = Listed(script.Session());
+    list->Remove(1);
+    list->Remove("2");
+    EXPECT_EQ(LinesOf(list), std::vector<Int32>{3});
+    EXPECT_EQ(list->Item(1)->DeleteFromDatabase(), true);
+    EXPECT_EQ(LinesOf(list), std::vector<Int32>{3});
+    EXPECT_EQ(script.Report(), "");
+}
+
+TEST(colTeilnehmerKosten, AListFailsAsDocumentedAtEachStep) {
+    ExpectFailures(
+        [](Script& script) { ScriptList(script, {kLine}); }, [](const Ref<DataSession>& session) { Listed(session); },
+        {{1, kNotOk, 9999, kLabelsOfAList}, {1, kRaises, 7001, kLabelsOfAList}, {2, kRaises, 7001, kLabelsOfAList}});
+}
+
+TEST(colTeilnehmerKosten, AWalkMayOutliveItsListAndRemoveWhatItMeets) {
+    Script script;
+    for (int i = 0; i < 2; ++i) ScriptList(script, {kLine, {7, 3, 1, Single{1}, 1}});
+    std::vector<Int32> lines;
+    for (const auto& line : Listed(script.Session())->NewEnum()) lines.push_back(line->KostenID());
+    EXPECT_EQ(lines, (std::vector<Int32>{2, 3}));
+    const auto list = Listed(script.Session());
+    for (const auto& line : list->NewEnum()) list->Remove(std::to_string(line->KostenID()));
+    EXPECT_EQ(list->Count(), 0);
+    EXPECT_EQ(script.Report(), "");
+}
+
+TEST(colTeilnehmerKosten, ALineOutlivesItsListAndBothLetGoOfTheSession) {
+    Script script;
+    ScriptList(script, {kLine});
+    script.ExecuteSql(DeleteLine(7, 2));
+    auto list = Listed(script.Session());
+    auto line = list->Item(1);
+    list.Reset();
+    EXPECT_EQ(line->DeleteFromDatabase(), true);
+    EXPECT_FALSE(script.SessionReleased());
+    line.Reset();
+    EXPECT_TRUE(script.SessionReleased());
+    EXPECT_EQ(script.Report(), "");
+}
+
+}  // namespace
+}  // namespace LumoSeminar
