@@ -1,6 +1,7 @@
 #include "frontend/sessions.h"
 
 #include <LumoConnection/connection_text.h>
+#include <LumoConnection/install.h>
 
 #include <fmt/format.h>
 
@@ -35,6 +36,7 @@ OpenedSession OpenSession(const Login& login, MissingFile missing_file, LumoConn
     if (missing_file == MissingFile::kRefuse && file != ":memory:" && !std::filesystem::exists(file)) {
         Raise(kFileNotRead, "There is no database file " + OneLine(file) + "; the command init creates it.");
     }
+    LumoConnection::Install(login.user, login.password);
     OpenedSession opened;
     opened.embedded = New<LumoConnection::EmbeddedSession>();
     opened.session = opened.embedded;

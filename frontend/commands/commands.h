@@ -5,9 +5,13 @@ namespace frontend {
 class Program;
 
 // A command a file: it declares its options and says what it does.
+void AddBudget(Program& program);
 void AddDates(Program& program);
 void AddDays(Program& program);
+void AddFocus(Program& program);
 void AddInit(Program& program);
+void AddParticipants(Program& program);
+void AddPersons(Program& program);
 void AddSeminars(Program& program);
 void AddSeries(Program& program);
 void AddSql(Program& program);
@@ -15,7 +19,8 @@ void AddTables(Program& program);
 void AddTour(Program& program);
 
 /// In the order of the help.
-inline constexpr void (*kCommands[])(Program&) = {AddInit,   AddSeminars, AddDates,  AddDays,
-                                                  AddSeries, AddSql,      AddTables, AddTour};
+inline constexpr void (*kCommands[])(Program&) = {AddInit,   AddSeminars,     AddDates,   AddDays,
+                                                  AddSeries, AddParticipants, AddPersons, AddFocus,
+                                                  AddBudget, AddSql,          AddTables,  AddTour};
 
 }  // namespace frontend

@@ -26,6 +26,7 @@ class Tour {
         Connect();
         WalkCatalogue(ground_);
         WalkScheduling(ground_);
+        WalkEnrolment(ground_);
         page_.End();
     }
 

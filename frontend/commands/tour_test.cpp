@@ -27,7 +27,7 @@ TEST_F(Cli, TourRunsAnywhereAndComesOutAsTold) {
     const auto done = Run({"tour"});
     EXPECT_EQ(done.code, 0) << done.out << done.err;
     EXPECT_EQ(done.err, "");
-    EXPECT_THAT(done.out, EndsWith("\nAll 17 steps came out as told.\n"));
+    EXPECT_THAT(done.out, EndsWith("\nAll 23 steps came out as told.\n"));
     EXPECT_THAT(
         done.out,
         HasSubstr("call       list->Init(1, session)\n   statement  SELECT SemID FROM Sem_Katalog_IT WHERE (MDNr = 1 or MDNR = -1)\n"));

@@ -7,5 +7,6 @@ struct TourGround;
 // A chapter a file. Each leaves the database as it found it.
 void WalkCatalogue(TourGround& ground);
 void WalkScheduling(TourGround& ground);
+void WalkEnrolment(TourGround& ground);
 
 }  // namespace frontend

@@ -169,7 +169,7 @@ class SchedulingChapter {
         Bool removed;
         page_.Call(fmt::format("dates->Remove(\"{}\")", key), [&] { removed = dates->Remove(key); });
         if (removed) date_row_->Gone();
-        page_.Outcome(removed && page_.Sent() == 5, "true");
+        page_.Outcome(removed && page_.Sent() == 7, "true");
     }
 
     // A new object for the date of the tour.

@@ -1,0 +1,61 @@
+#include <fmt/format.h>
+
+#include <memory>
+#include <string>
+
+#include "frontend/commands/columns.h"
+#include "frontend/commands/commands.h"
+#include "frontend/exit_codes.h"
+#include "frontend/output/counted.h"
+#include "frontend/program.h"
+#include "frontend/read_value.h"
+
+namespace frontend {
+
+using namespace LumoSeminar;
+
+namespace {
+
+Ref<colSemBudgetJahre> YearsOf(Context& context) {
+    auto years = New<colSemBudgetJahre>();
+    years->Init(context.Session());
+    return years;
+}
+
+Sheet Head() { return {{"JahrID", "Von", "Bis"}, {}}; }
+
+void AddRow(Sheet& sheet, clsSemBudgetJahr& year) {
+    sheet.rows.push_back({year.JahrID(), ShownAs(Form::kDay, year.Von()), ShownAs(Form::kDay, year.Bis())});
+}
+
+int List(Context& context) {
+    Sheet sheet = Head();
+    for (const auto& year : YearsOf(context)->NewEnum()) AddRow(sheet, *year);
+    context.Print(sheet);
+    context.Note(Counted(sheet.rows.size(), "budget year"));
+    return kDone;
+}
+
+int Of(Context& context, DateTime day) {
+    const auto year = YearsOf(context)->GetBudgetJahr(day);
+    if (!year) Raise(ErrorNumber::kKeyNotFound, fmt::format("{} lies in no budget year.", DateText(day)));
+    Sheet sheet = Head();
+    AddRow(sheet, *year);
+    context.Print(sheet, Shape::kOneRow);
+    return kDone;
+}
+
+}  // namespace
+
+void AddBudget(Program& program) {
+    auto* budget = program.AddCommand("budget", "The budget years: list, of a day");
+    budget->require_subcommand(1);
+    auto* list = budget->add_subcommand("list", "List the budget years, the earliest first");
+    program.OnCommand(list, [&program] { return List(program.Work()); });
+    auto* of = budget->add_subcommand("of", "Show the budget year that a day lies in");
+    const auto day = std::make_shared<std::string>();
+    of->add_option("DAY", *day, "The day, as 31.12.2010 or 2010-12-31")->required()->type_name("");
+    program.OnCommand(of, [&program, day] { return Of(program.Work(), ReadDay("DAY", *day)); });
+}
+
+}  // namespace frontend

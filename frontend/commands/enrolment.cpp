@@ -1,0 +1,137 @@
+#include "frontend/commands/enrolment.h"
+
+#include <fmt/format.h>
+
+#include <cstdio>
+#include <iostream>
+#include <memory>
+#include <string>
+
+#include "frontend/commands/lists.h"
+#include "frontend/commands/participant_columns.h"
+#include "frontend/commands/participant_lists.h"
+#include "frontend/commands/persons.h"
+#include "frontend/exit_codes.h"
+#include "frontend/output/counted.h"
+#include "frontend/output/findings.h"
+#include "frontend/output/screen_text.h"
+#include "frontend/output/terminal.h"
+#include "frontend/read_value.h"
+
+namespace frontend {
+
+using namespace LumoSeminar;
+
+namespace {
+
+struct EnrolOptions {
+    std::string date;
+    std::string person;
+    std::string kind;
+    bool force = false;
+    bool no_check_seminar = false;
+    bool no_check_taken = false;
+    bool no_check_prerequisites = false;
+    bool german = false;
+};
+
+void LetPerson(clsTeilnehmer& participant, clsWBPerson& person) {
+    participant.MDNR(person.MDNR());
+    if (person.IsArbeitnehmer()) participant.ANNr(person.PersonID());
+    if (person.IsBewerber()) participant.BWID(person.PersonID());
+    if (person.IsLeiharbeiter()) participant.LAID(person.PersonID());
+}
+
+void PrintFindings(colErrorMsg& findings, Language language) {
+    fmt::print(stderr, "{}:\n", Counted(static_cast<std::size_t>(findings.Count()), "finding"));
+    for (const auto& finding : findings.NewEnum()) fmt::print(stderr, "    {}\n", FindingText(*finding, language));
+}
+
+// No where there is nobody to be asked.
+bool IsWantedAllTheSame() {
+    if (!TerminalOf(stdin).is_terminal || !TerminalOf(stderr).is_terminal) return false;
+    fmt::print(stderr, "Enrol all the same? [y/N] ");
+    std::string answer;
+    std::getline(std::cin, answer);
+    return answer == "y" || answer == "Y" || answer == "yes";
+}
+
+// Whether nothing speaks against it, or it is wanted all the same.
+bool IsToBeWritten(clsTeilnehmer& participant, const EnrolOptions& options) {
+    if (participant.CheckTeilnehmerAnmeldung(!options.no_check_seminar, !options.no_check_taken,
+                                             !options.no_check_prerequisites)) {
+        return true;
+    }
+    PrintFindings(*participant.colErrorsAnmeldung(), options.german ? Language::kGerman : Language::kEnglish);
+    return options.force || IsWantedAllTheSame();
+}
+
+void WriteWithCosts(Context& context, clsTeilnehmer& participant, Money costs) {
+    try {
+        // Not by the let of TeilnehmerKosten, which goes elsewhere for a record that is entered as cancelled.
+        if (costs != Money()) participant.objKosten()->Add(0)->Kostenbetrag(To<Single>(costs));
+        WriteParticipant(context, participant);
+    } catch (...) {
+        if (const Int32 key = participant.TeilnehmerID(); key != 0) {
+            fmt::print(stderr, "lumoseminar: participant {} was enrolled, but without the costs.\n", key);
+        }
+        throw;
+    }
+}
+
+int Enrol(Context& context, const EnrolOptions& options, const TypedValues& values) {
+    const Int32 key = ReadInt32("DATE", options.date);
+    const Int32 person_key = ReadInt32("PERSON", options.person);
+    const auto kind = ReadKind(options.kind);
+    const auto changes = EnrolmentColumns().ReadChanges(values, {});
+    const auto date = DateOf(context, key);
+    const auto person = PersonOf(context, person_key, kind);
+    // The list that the date counts its places by.
+    const auto list = date->clscolTeilnehmer();
+    const auto participant = list->AddEmptyObject().As<clsTeilnehmer>();
+    const Text key_in_list = participant->Key();
+    try {
+        LetPerson(*participant, *person);
+        LetAll(*participant, changes);
+        if (!IsToBeWritten(*participant, options)) {
+            list->RemoveColOnly(key_in_list);
+            fmt::print(stderr, "lumoseminar: {} was not enrolled in date {}; --force enrols all the same.\n",
+                       Visible(participant->NameVorname()), key);
+            return kRefused;
+        }
+        WriteWithCosts(context, *participant, date->KostenProTN());
+    } catch (...) {
+        list->RemoveColOnly(key_in_list);
+        throw;
+    }
+    list->ChangeKey(key_in_list, participant->Key());
+    ShowParticipant(context, participant->TeilnehmerID());
+    context.Note(PlacesText(date->MaxTeil(), date->AnzAnmeldungen()));
+    return kDone;
+}
+
+}  // namespace
+
+void AddEnrol(Program& program, CLI::App* participants) {
+    auto* command = participants->add_subcommand("enrol", "Enrol a person in a date, and show the record as it is stored");
+    const auto options = std::make_shared<EnrolOptions>();
+    command->add_option("DATE", options->date, "SemTerminID of the date")->required()->type_name("N");
+    command->add_option("PERSON", options->person, "Number of the employee, key of the applicant or temporary worker")
+        ->required()
+        ->type_name("N");
+    AddKindOption(command, options->kind);
+    command->add_flag("--force", options->force, "Enrol whatever the checks find");
+    command->add_flag("--no-check-seminar", options->no_check_seminar, "Do not look for open dates of the same seminar");
+    command->add_flag("--no-check-taken", options->no_check_taken, "Do not look whether the seminar was taken before");
+    command->add_flag("--no-check-prerequisites", options->no_check_prerequisites, "Do not look at prerequisites");
+    command->add_flag("--german", options->german, "Tell the findings in German");
+    const auto values = EnrolmentColumns().AddOptions(command);
+    command->footer(
+        "What speaks against it is told on standard error. Then nothing is written, unless with --force or after a yes\n"
+        "on a terminal. Places that are free are not among the checks. For a temporary worker they look at everybody's\n"
+        "enrolments. What the date costs each participant becomes a cost line. Days and times that are not typed are\n"
+        "those of the date.");
+    program.OnCommand(command, [&program, options, values] { return Enrol(program.Work(), *options, *values); });
+}
+
+}  // namespace frontend

@@ -1,0 +1,152 @@
+#include <fmt/format.h>
+
+#include <cstdio>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "frontend/commands/commands.h"
+#include "frontend/commands/lists.h"
+#include "frontend/exit_codes.h"
+#include "frontend/output/counted.h"
+#include "frontend/program.h"
+#include "frontend/read_value.h"
+
+namespace frontend {
+
+using namespace LumoSeminar;
+
+namespace {
+
+Sheet Head() { return {{"SchwerpunktID", "WBS"}, {}}; }
+
+// A list of a seminar or of a date.
+template <class List>
+Ref<List> AreasOf(Context& context, Int32 key) {
+    auto list = New<List>();
+    if (!list->Init(key, context.Session())) RaiseRefused(context.Session()->LastErrorText());
+    return list;
+}
+
+template <class List>
+void Print(const Context& context, List& list, const char* remark = "") {
+    Sheet sheet = Head();
+    for (const auto& area : list.NewEnum()) sheet.rows.push_back({area->SchwerpunktID(), area->WBS()});
+    context.Print(sheet);
+    context.Note(Counted(sheet.rows.size(), "focus area") + remark);
+}
+
+// list
+
+struct ListOptions {
+    std::optional<std::string> seminar;
+    std::optional<std::string> date;
+};
+
+int List(Context& context, const ListOptions& options) {
+    if (options.seminar.has_value() == options.date.has_value())
+        throw UsageError("Give one of --seminar N and --date N.");
+    if (options.date) {
+        const Int32 key = ReadInt32("--date", *options.date);
+        DateOf(context, key);
+        Print(context, *AreasOf<colSemTerminSchwerpunkte>(context, key));
+    } else {
+        const Int32 key = ReadInt32("--seminar", *options.seminar);
+        SeminarsOf(context)->Item(KeyText(key));
+        Print(context, *AreasOf<colSemSchwerpunkte>(context, key));
+    }
+    return kDone;
+}
+
+void AddList(Program& program, CLI::App* focus) {
+    auto* command = focus->add_subcommand("list", "List the focus areas of a seminar or of a date");
+    const auto options = std::make_shared<ListOptions>();
+    command->add_option("--seminar", options->seminar, "SemID of the seminar")->type_name("N");
+    command->add_option("--date", options->date, "SemTerminID of the date")->type_name("N");
+    program.OnCommand(command, [&program, options] { return List(program.Work(), *options); });
+}
+
+// tie
+
+// A focus area that could not be made is tied all the same, under a key that stands for nothing.
+bool IsThere(Context& context, clsSemTerminSchwerpunkt& area) {
+    const auto stored = New<clsSemTerminSchwerpunkt>();
+    stored->Init(area.SchwerpunktID(), area.SemTerminID(), context.Session());
+    return !stored->WBS().empty();
+}
+
+int Tie(Context& context, Int32 key, const std::string& name) {
+    if (name.empty()) throw UsageError("NAME: a focus area has a name.");
+    DateOf(context, key);
+    const auto area = New<clsSemTerminSchwerpunkt>();
+    area->Init(0, key, context.Session());
+    area->WBS(name);
+    if (!area->WriteToDatabase()) RaiseRefused(context.Session()->LastErrorText());
+    const bool is_new = area->SchwerpunktID() != 0;
+    if (is_new && !IsThere(context, *area)) {
+        if (!area->DeleteFromDatabase()) RaiseRefused(context.Session()->LastErrorText());
+        fmt::print(stderr, "lumoseminar: the focus area {} could not be made; nothing was tied.\n", OneLine(name));
+        return kRefused;
+    }
+    Print(context, *AreasOf<colSemTerminSchwerpunkte>(context, key), is_new ? "" : ", tied already");
+    return kDone;
+}
+
+void AddTie(Program& program, CLI::App* focus) {
+    struct Typed {
+        std::string date;
+        std::string name;
+    };
+    auto* command = focus->add_subcommand("tie", "Tie a date to the focus area of that name, and list its focus areas");
+    const auto typed = std::make_shared<Typed>();
+    command->add_option("DATE", typed->date, "SemTerminID of the date")->required()->type_name("N");
+    command->add_option("NAME", typed->name, "Name of the focus area")->required()->type_name("");
+    command->footer("Where there is no focus area of that name it is made, with the greatest key plus 1.");
+    program.OnCommand(command,
+                      [&program, typed] { return Tie(program.Work(), ReadInt32("DATE", typed->date), typed->name); });
+}
+
+// untie
+
+int Untie(Context& context, Int32 key, Int32 area_key) {
+    DateOf(context, key);
+    const auto list = AreasOf<colSemTerminSchwerpunkte>(context, key);
+    const auto area = list->Item(KeyText(area_key));
+    const Text name = area->WBS();
+    const Int32 before = list->Count();
+    list->Remove(KeyText(area_key));
+    if (list->Count() == before) RaiseRefused(context.Session()->LastErrorText());
+    Sheet sheet = Head();
+    sheet.columns.emplace_back("Outcome");
+    sheet.rows.push_back({area_key, name, "untied"});
+    context.Print(sheet);
+    context.Note(Counted(static_cast<std::size_t>(list->Count()), "focus area") + " left");
+    return kDone;
+}
+
+void AddUntie(Program& program, CLI::App* focus) {
+    struct Typed {
+        std::string date;
+        std::string area;
+    };
+    auto* command = focus->add_subcommand("untie", "Untie a date from a focus area, which stays");
+    const auto typed = std::make_shared<Typed>();
+    command->add_option("DATE", typed->date, "SemTerminID of the date")->required()->type_name("N");
+    command->add_option("KEY", typed->area, "SchwerpunktID of the focus area")->required()->type_name("N");
+    program.OnCommand(command, [&program, typed] {
+        const Int32 key = ReadInt32("DATE", typed->date);
+        return Untie(program.Work(), key, ReadInt32("KEY", typed->area));
+    });
+}
+
+}  // namespace
+
+void AddFocus(Program& program) {
+    auto* focus = program.AddCommand("focus", "The focus areas of seminars and dates: list, tie, untie");
+    focus->require_subcommand(1);
+    AddList(program, focus);
+    AddTie(program, focus);
+    AddUntie(program, focus);
+}
+
+}  // namespace frontend

@@ -1,0 +1,284 @@
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "frontend/commands/commands.h"
+#include "frontend/commands/enrolment.h"
+#include "frontend/commands/lists.h"
+#include "frontend/commands/participant_columns.h"
+#include "frontend/commands/participant_lists.h"
+#include "frontend/exit_codes.h"
+#include "frontend/output/counted.h"
+#include "frontend/output/value_text.h"
+#include "frontend/program.h"
+#include "frontend/read_value.h"
+
+namespace frontend {
+
+using namespace LumoSeminar;
+
+namespace {
+
+using Changes = std::vector<Change<clsTeilnehmer>>;
+
+void AddKeyOption(CLI::App* command, std::string& key) {
+    command->add_option("KEY", key, "TeilnehmerID of the participant")->required()->type_name("N");
+}
+
+// list
+
+struct ListOptions {
+    std::string date;
+    bool enrolled = false;
+};
+
+void AddRow(Sheet& sheet, clsTeilnehmer& participant, const std::vector<DateTime>& days) {
+    const auto attendance = AttendanceOf(participant);
+    const auto attended =
+        std::ranges::count_if(days, [&](DateTime day) { return day >= attendance.begin && day <= attendance.end; });
+    sheet.rows.push_back({participant.TeilnehmerID(), participant.MDNR(), participant.PersGr(), participant.PersNr(),
+                          participant.NameVorname(), StateOf(participant), ShownAs(Form::kDay, attendance.begin),
+                          ShownAs(Form::kDay, attendance.end), To<Int32>(attended), AmountOf(participant.TeilnehmerKosten())});
+}
+
+int List(Context& context, const ListOptions& options) {
+    const Int32 key = ReadInt32("DATE", options.date);
+    const auto date = DateOf(context, key);
+    const auto list = ParticipantsOf(context, key, options.enrolled ? " AND Teilnahme <> 0" : "");
+    const auto days = DaysOf(*date);
+    Sheet sheet{{"TeilnehmerID", "MDNr", "PersGr", "PersNr", "NameVorname", "State", "BeginnDatum", "EndeDatum", "Days",
+                 "TeilnehmerKosten"},
+                {}};
+    Int32 enrolled = 0;
+    for (const auto& participant : list->NewEnum()) {
+        AddRow(sheet, *participant, days);
+        if (participant->Teilnahme() != 0) ++enrolled;
+    }
+    context.Print(sheet);
+    context.Note(fmt::format("{}, {}", Counted(sheet.rows.size(), "participant"), PlacesText(date->MaxTeil(), enrolled)));
+    return kDone;
+}
+
+void AddList(Program& program, CLI::App* participants) {
+    auto* command = participants->add_subcommand("list", "List the participants of a date");
+    const auto options = std::make_shared<ListOptions>();
+    command->add_option("DATE", options->date, "SemTerminID of the date")->required()->type_name("N");
+    command->add_flag("--enrolled", options->enrolled, "Without those who have cancelled");
+    program.OnCommand(command, [&program, options] { return List(program.Work(), *options); });
+}
+
+// set
+
+int Set(Context& context, Int32 key, const Changes& changes) {
+    if (changes.empty()) throw UsageError("Nothing to set: name a column and its value.");
+    const auto participant = ParticipantOf(context, key).participant;
+    for (const auto& change : changes) {
+        if (change.column != ParticipantColumns().Find("SemTerminID")) continue;
+        const auto date = To<Int32>(change.value);
+        if (!HasDate(context, date)) RaiseNoSuchDate(context, date);
+    }
+    LetAll(*participant, changes);
+    WriteParticipant(context, *participant);
+    ShowParticipant(context, key);
+    return kDone;
+}
+
+void AddSet(Program& program, CLI::App* participants) {
+    struct Typed {
+        std::string key;
+        std::vector<std::string> pairs;
+    };
+    auto* command = participants->add_subcommand("set", "Change columns of a participant and show the record as it is stored");
+    const auto typed = std::make_shared<Typed>();
+    AddKeyOption(command, typed->key);
+    command->add_option("CHANGES", typed->pairs, "column=value, as in Ergebnis=2 Bemerkung=\"kam später\"")->type_name("column=value");
+    const auto values = ParticipantColumns().AddOptions(command);
+    command->footer(
+        "Nothing is checked as with enrol. Days and times that are typed as nothing at all, as in BeginnDatum=, become\n"
+        "those of the date. Days are typed as 31.12.2010 or 2010-12-31, times as 09:30.");
+    program.OnCommand(command, [&program, typed, values] {
+        const Int32 key = ReadInt32("KEY", typed->key);
+        return Set(program.Work(), key, ParticipantColumns().ReadChanges(*values, typed->pairs));
+    });
+}
+
+// cancel
+
+struct CancelOptions {
+    std::string key;
+    std::optional<std::string> on;
+    std::optional<std::string> reason;
+    std::optional<std::string> cost;
+    bool to_waitlist = false;
+};
+
+int TellCancelledAlready(Int32 key, DateTime since) {
+    fmt::print(stderr, "lumoseminar: participant {} is cancelled already{}.\n", key, since ? ", since " + DateText(since) : "");
+    return kRefused;
+}
+
+int Cancel(Context& context, const CancelOptions& options) {
+    const Int32 key = ReadInt32("KEY", options.key);
+    const auto day = options.on ? ReadDay("--on", *options.on) : Today();
+    const auto reason = options.reason ? ReadInt32("--reason", *options.reason) : Int32{0};
+    const auto cost = options.cost ? ReadInt16("--cost", *options.cost) : Int16{0};
+    const auto participant = ParticipantOf(context, key).participant;
+    if (participant->Teilnahme() == 0) return TellCancelledAlready(key, participant->storniertam());
+    // The wait-list comes first. Where it refuses, the enrolment stands as before; where the cancellation is refused
+    // behind it, the person has both, and the command can be given once more: an entry that is there is not made twice.
+    // The other way round a refusal would leave the person without a place and without the wish for one, and a
+    // participant who is cancelled already is not taken up again.
+    if (options.to_waitlist) participant->StornoTeilnehmerInWarteliste();
+    try {
+        participant->Teilnahme(0);
+        participant->storniertam(day);
+        participant->StornoGrund(reason);
+        participant->StornoKosten(cost);
+        WriteParticipant(context, *participant);
+    } catch (...) {
+        if (options.to_waitlist) {
+            fmt::print(stderr, "lumoseminar: participant {} waits now, but is still enrolled.\n", key);
+        }
+        throw;
+    }
+    ShowParticipant(context, key);
+    if (options.to_waitlist) {
+        const Int32 seminar = participant->clsTermin()->SemID();
+        context.Note(seminar == 0 ? fmt::format("on the wait-list of date {}", participant->SemTerminID())
+                                  : fmt::format("on the interest list of seminar {}", seminar));
+    }
+    return kDone;
+}
+
+void AddCancel(Program& program, CLI::App* participants) {
+    auto* command = participants->add_subcommand("cancel", "Cancel an enrolment and show the record as it is stored");
+    const auto options = std::make_shared<CancelOptions>();
+    AddKeyOption(command, options->key);
+    command->add_option("--on", options->on, "Day of cancellation, as 31.12.2010 or 2010-12-31 [today]")->type_name("DAY");
+    command->add_option("--reason", options->reason, "Code of the reason (StornoGrund) [0, none]")->type_name("N");
+    command->add_option("--cost", options->cost, "Costs in whole units (StornoKosten) [0]")->type_name("N");
+    command->add_flag("--to-waitlist", options->to_waitlist,
+                      "Put the person on the interest list of the seminar; where the date has no seminar, on the "
+                      "wait-list of the date");
+    command->footer("Cost lines stay, but count no more: from now on the costs are those of the cancellation.");
+    program.OnCommand(command, [&program, options] { return Cancel(program.Work(), *options); });
+}
+
+// remove
+
+int Remove(Context& context, const std::vector<Int32>& keys) {
+    // Every key is looked up before anything is removed.
+    std::vector<FoundParticipant> found;
+    found.reserve(keys.size());
+    for (const Int32 key : keys) found.push_back(ParticipantOf(context, key));
+    Sheet sheet{{ParticipantColumns().key_name, "NameVorname", "Outcome", "CostLines"}, {}};
+    try {
+        for (const auto& [list, participant] : found) {
+            const Int32 key = participant->TeilnehmerID();
+            const Text name = participant->NameVorname();
+            const auto costs = participant->objKosten();
+            const auto Tell = [&](const char* outcome) { sheet.rows.push_back({key, name, outcome, costs->Count()}); };
+            if (!list->Remove(KeyText(key))) RaiseRefused(context.Session()->LastErrorText());
+            // Left behind, the lines would be those of the next participant who gets this key.
+            try {
+                for (const auto& line : costs->NewEnum()) line->DeleteFromDatabase();
+            } catch (...) {
+                Tell("removed, its costs not");
+                throw;
+            }
+            Tell("removed");
+        }
+    } catch (...) {
+        context.Print(sheet);
+        throw;
+    }
+    context.Print(sheet);
+    return kDone;
+}
+
+void AddRemove(Program& program, CLI::App* participants) {
+    auto* command = participants->add_subcommand("remove", "Remove participants; none where one of the keys is unknown");
+    const auto typed = std::make_shared<std::vector<std::string>>();
+    command->add_option("KEY", *typed, "TeilnehmerID of each participant")->required()->type_name("N");
+    command->footer("Their cost lines go with them. To keep a trace of an enrolment, cancel it.");
+    program.OnCommand(command, [&program, typed] { return Remove(program.Work(), ReadKeys("KEY", *typed)); });
+}
+
+// costs
+
+struct CostsOptions {
+    std::string key;
+    std::optional<std::string> add;
+    std::optional<std::string> centre;
+    std::optional<std::string> type;
+};
+
+// Empty where the type is not there.
+Variant NameOfCostType(Context& context, Int32 type) {
+    return context.Session()->LookupValue("KostenArten", "sysIData_KostenArten", fmt::format("KostenArten_ID = {}", type));
+}
+
+void ShowCosts(Context& context, Int32 key) {
+    const auto participant = ParticipantOf(context, key).participant;
+    Sheet sheet{{"KostenID", "KostenArtID", "KostenArt", "Kostenbetrag", "Kost"}, {}};
+    for (const auto& line : participant->objKosten()->NewEnum()) {
+        sheet.rows.push_back({line->KostenID(), line->KostenArtID(), NameOfCostType(context, line->KostenArtID()),
+                              AmountOf(line->Kostenbetrag()), line->Kost()});
+    }
+    context.Print(sheet);
+    const auto costs = AmountOf(participant->TeilnehmerKosten());
+    const auto* money = costs.If<Money>();
+    const Text amount = money != nullptr ? MoneyText(*money) : To<Text>(costs);
+    context.Note(participant->Teilnahme() == 0
+                     ? fmt::format("cancelled: {} in place of the cost lines", amount)
+                     : fmt::format("{}, {} in all", Counted(sheet.rows.size(), "cost line"), amount));
+}
+
+int Costs(Context& context, const CostsOptions& options) {
+    const Int32 key = ReadInt32("KEY", options.key);
+    const auto amount = options.add ? ReadMoney("--add", *options.add) : Money();
+    const auto centre = options.centre ? ReadInt32("--centre", *options.centre) : Int32{0};
+    const auto type = options.type ? ReadInt32("--type", *options.type) : Int32{0};
+    if (options.add) {
+        const auto line = ParticipantOf(context, key).participant->objKosten()->Add(0);
+        line->Kostenbetrag(To<Single>(amount));
+        line->Kost(centre);
+        line->KostenArtID(type);
+        line->WriteToDatabase();
+    }
+    ShowCosts(context, key);
+    return kDone;
+}
+
+void AddCosts(Program& program, CLI::App* participants) {
+    auto* command = participants->add_subcommand("costs", "Show the cost lines of a participant, or add one");
+    const auto options = std::make_shared<CostsOptions>();
+    AddKeyOption(command, options->key);
+    auto* add = command->add_option("--add", options->add, "Add a line of this amount (Kostenbetrag)")->type_name("X");
+    command->add_option("--centre", options->centre, "Cost centre that pays (Kost) [0, none]")->type_name("N")->needs(add);
+    command->add_option("--type", options->type, "Key of the cost type (KostenArtID) [that of \"Teilnehmerkosten\"]")
+        ->type_name("N")
+        ->needs(add);
+    program.OnCommand(command, [&program, options] { return Costs(program.Work(), *options); });
+}
+
+}  // namespace
+
+void AddParticipants(Program& program) {
+    auto* participants =
+        program.AddCommand("participants", "The participants of a date: list, enrol, set, cancel, remove, costs");
+    participants->require_subcommand(1);
+    AddList(program, participants);
+    AddEnrol(program, participants);
+    AddSet(program, participants);
+    AddCancel(program, participants);
+    AddRemove(program, participants);
+    AddCosts(program, participants);
+}
+
+}  // namespace frontend

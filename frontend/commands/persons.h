@@ -1,0 +1,29 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+#include <string>
+
+#include <LumoSeminar/LumoSeminar.h>
+
+#include "frontend/context.h"
+
+namespace frontend {
+
+/// A kind of person, as clsWBPerson::ModId counts them.
+enum class KindOfPerson : LumoSeminar::Byte { kEmployee = 2, kApplicant = 3, kWorker = 4 };
+
+/// "employee", "applicant", "worker"
+const char* NameOf(KindOfPerson kind);
+
+/// The option --kind, for `typed`; without it the person is an employee.
+void AddKindOption(CLI::App* command, std::string& typed);
+
+/// What was typed behind --kind. Raises UsageError.
+KindOfPerson ReadKind(const std::string& typed);
+
+/// A person of the client; applicants and temporary workers belong to all clients. Raises key not found (5) where the
+/// person has no row.
+LumoSeminar::Ref<LumoSeminar::clsWBPerson> PersonOf(Context& context, LumoSeminar::Int32 key, KindOfPerson kind);
+
+}  // namespace frontend
