@@ -18,8 +18,7 @@ struct Reading {
 std::vector<std::string> Told(const std::vector<Literal>& literals) {
     std::vector<std::string> told;
     for (const auto& literal : literals) {
-        told.push_back(std::string(literal.text) + '|' + static_cast<char>(literal.kind) +
-                       (literal.doubled ? "d" : ""));
+        told.push_back(std::string(literal.text) + '|' + static_cast<char>(literal.kind) + (literal.doubled ? "d" : ""));
     }
     return told;
 }
