@@ -253,15 +253,19 @@ TEST_F(EnrolCommand, OnATerminalAnythingElseDoesNot) {
     EXPECT_EQ(Participants(), before);
 }
 
-TEST_F(EnrolCommand, NobodyIsAskedWhereThereIsNothingToAskOrNobodyThere) {
-    EXPECT_THAT(Talk(Enrol(78, 130), "n\n").shown, Not(HasSubstr(kQuestion)));
-    EXPECT_THAT(Talk(Enrol(60, 309, {"--force"}), "n\n").shown, Not(HasSubstr(kQuestion)));
-    const auto without_error = Talk(Enrol(60, 309, {"--client", "1"}), "y\n", "2>told");
-    EXPECT_EQ(without_error.code, 1) << without_error.shown;
+TEST_F(EnrolCommand, NobodyIsAskedWhereNobodyIsThereOrThereIsNothingToAsk) {
+    const auto errors_elsewhere = Talk(Enrol(60, 309), "y\n", "2>told");
+    EXPECT_EQ(errors_elsewhere.code, 1) << errors_elsewhere.shown;
     EXPECT_THAT(ReadAll(folder_ / "told"), AllOf(HasSubstr("1 finding:"), Not(HasSubstr(kQuestion))));
-    const auto without_input = Talk(Enrol(60, 309), "", "</dev/null");
-    EXPECT_EQ(without_input.code, 1);
-    EXPECT_THAT(without_input.shown, AllOf(HasSubstr("1 finding:"), Not(HasSubstr(kQuestion))));
+    const auto input_elsewhere = Talk(Enrol(60, 309), "", "</dev/null");
+    EXPECT_EQ(input_elsewhere.code, 1);
+    EXPECT_THAT(input_elsewhere.shown, AllOf(HasSubstr("1 finding:"), Not(HasSubstr(kQuestion))));
+    const auto nothing_found = Talk(Enrol(78, 130), "n\n");
+    EXPECT_EQ(nothing_found.code, 0);
+    EXPECT_THAT(nothing_found.shown, Not(HasSubstr(kQuestion)));
+    const auto forced = Talk(Enrol(60, 309, {"--force"}), "n\n");
+    EXPECT_EQ(forced.code, 0);
+    EXPECT_THAT(forced.shown, AllOf(HasSubstr("1 finding:"), Not(HasSubstr(kQuestion))));
 }
 
 TEST_F(EnrolCommand, UnknownDatesAndPersons) {
