@@ -23,7 +23,9 @@
 #include <LumoSeminar/frame/text_form.h>
 #include <LumoSeminar/frame/types.h>
 #include <LumoSeminar/frame/variant.h>
+#include <LumoSeminar/needs/clsANWBBedarf.h>
 #include <LumoSeminar/needs/clsWBPerson.h>
+#include <LumoSeminar/needs/colANWBBedarf.h>
 #include <LumoSeminar/scheduling/clsSerie.h>
 #include <LumoSeminar/scheduling/clsTermin.h>
 #include <LumoSeminar/scheduling/clsTerminTag.h>
@@ -31,3 +33,5 @@
 #include <LumoSeminar/scheduling/colTerminTage.h>
 #include <LumoSeminar/scheduling/colTermine.h>
 #include <LumoSeminar/scheduling/organiser_venue.h>
+#include <LumoSeminar/waitlist/clsSemWarteliste.h>
+#include <LumoSeminar/waitlist/colSemWarteliste.h>

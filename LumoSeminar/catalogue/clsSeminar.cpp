@@ -6,6 +6,7 @@
 #include <LumoSeminar/frame/statement.h>
 #include <LumoSeminar/frame/text_form.h>
 #include <LumoSeminar/scheduling/colTermine.h>
+#include <LumoSeminar/waitlist/colSemWarteliste.h>
 
 namespace LumoSeminar {
 namespace {
@@ -73,6 +74,7 @@ clsSeminar::~clsSeminar() {
     session_.Reset();
     colTermine_.Reset();
     colSemSchwerpunkte_.Reset();
+    colInteressentenliste_.Reset();
 }
 
 Text clsSeminar::Key() try { return KeyText(row_.SemID); } catch (...) {
@@ -107,6 +109,14 @@ Ref<LumoSeminar::colSemZielgruppen> clsSeminar::colSemZielgruppen() try {
     return colSemZielgruppen_;
 } catch (...) {
     RaiseLabelled(" LumoSeminar.clsSeminar.colSemZielgruppen");
+}
+
+Ref<colSemWarteliste> clsSeminar::colInteressentenliste() {
+    if (!colInteressentenliste_ && PropertiesInit()) {
+        colInteressentenliste_ = New<colSemWarteliste>();
+        colInteressentenliste_->LoadListSeminar(session_, row_.SemID);
+    }
+    return colInteressentenliste_;
 }
 
 Ref<clsSemZielInhalt> clsSeminar::ZielInhalt() try {

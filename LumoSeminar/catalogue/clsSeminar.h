@@ -10,6 +10,7 @@ namespace LumoSeminar {
 
 class clsSemZielInhalt;
 class colSemSchwerpunkte;
+class colSemWarteliste;
 class colSemZielgruppen;
 class colSeminare;
 class colTermine;
@@ -57,6 +58,8 @@ class clsSeminar final : public PersistentObject<SeminarRow> {
     Ref<LumoSeminar::colSemSchwerpunkte> colSemSchwerpunkte();
     /// The target groups of the seminar, likewise; one statement more for each of them.
     Ref<LumoSeminar::colSemZielgruppen> colSemZielgruppen();
+    /// The interest list of the seminar, likewise. Raises 9999 where its statement is refused.
+    Ref<colSemWarteliste> colInteressentenliste();
 
     /// Binds the object to a key (0: a new seminar) and a session. No statement. False with an empty session.
     Bool Init(Int32 p_lngSemID, const Ref<DataSession>& p_objData);
@@ -144,6 +147,7 @@ class clsSeminar final : public PersistentObject<SeminarRow> {
     Ref<LumoSeminar::colSemSchwerpunkte> colSemSchwerpunkte_;
     Ref<LumoSeminar::colSemZielgruppen> colSemZielgruppen_;
     Ref<clsSemZielInhalt> ZielInhalt_;
+    Ref<colSemWarteliste> colInteressentenliste_;
 };
 
 }  // namespace LumoSeminar

@@ -5,6 +5,8 @@
 #include <LumoSeminar/frame/person_kind.h>
 #include <LumoSeminar/frame/session_calls.h>
 #include <LumoSeminar/frame/statement.h>
+#include <LumoSeminar/needs/colANWBBedarf.h>
+#include <LumoSeminar/waitlist/colSemWarteliste.h>
 
 namespace LumoSeminar {
 namespace {
@@ -28,7 +30,12 @@ constexpr Sql<Int32> kHistoryOfWorker =
 
 }  // namespace
 
-clsWBPerson::~clsWBPerson() { colWeiterbildungen_.Reset(); }
+clsWBPerson::~clsWBPerson() {
+    colWeiterbildungen_.Reset();
+    colWarteliste_.Reset();
+    colInteressentenliste_.Reset();
+    colWBBedarf_.Reset();
+}
 
 Bool clsWBPerson::Init(Int32 p_lngMDNr, Int32 p_lngPersonID, Byte p_bytModID, Ref<DataSession>& p_objData,
                        const Text& p_strConn, const Text& p_strUserName, const Text& p_strPWD) try {

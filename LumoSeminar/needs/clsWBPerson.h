@@ -4,12 +4,17 @@
 
 #include <LumoSeminar/frame/collection.h>
 #include <LumoSeminar/frame/data_session.h>
+#include <LumoSeminar/frame/error_list.h>
 #include <LumoSeminar/frame/reference.h>
 #include <LumoSeminar/frame/types.h>
 
 namespace LumoSeminar {
 
+class clsSemWarteliste;
 class clsTeilnehmer;
+class clsTermin;
+class colANWBBedarf;
+class colSemWarteliste;
 
 /// One person of any kind: an employee, an applicant, a temporary worker. Nothing is written about a person; a let
 /// changes the object only.
@@ -61,6 +66,32 @@ class clsWBPerson final : public Object, public std::enable_shared_from_this<cls
     /// "AN", "BW" or, for any other kind, "LA". No statement.
     Text PersGr();
 
+    /// The person's entries on wait-lists of dates. One statement. An employee's entries, whatever kind the person is.
+    Ref<colSemWarteliste> colWarteliste();
+    /// The person's entries on interest lists of seminars, likewise.
+    Ref<colSemWarteliste> colInteressentenliste();
+    /// The person's training needs, likewise.
+    Ref<colANWBBedarf> colWBBedarf();
+
+    /// Records a new training need, which opens its process, and gives its key. The list of needs stays as it is.
+    /// Raises 9999 where a statement is refused.
+    Int32 BedarfErfassen(Int32 p_lngWBS_ID, Int32 p_lngUserID);
+
+    /// Consents for the person: an entry on the wait-list of the date gets its consent again; without one a new entry
+    /// is made and its process opened. True where something was written, otherwise Empty.
+    /// @param p_blnIsUsedBySylvar  whether the entry comes from elsewhere (Herkunft 4, otherwise 3)
+    Variant TeilnahmeZustimmen(Int32 p_lngSemTerminID, Int32 p_lngUserID, Bool p_blnIsUsedBySylvar = true);
+
+    /// Checks an enrolment in a date and gives the findings.
+    /// @see clsTeilnehmer::CheckTeilnehmerAnmeldung
+    Ref<colErrorMsg> TeilnahmePruefen(Int32 p_lngSemTerminID, Bool p_blnCheckAnmeldungSeminar = true,
+                                      Bool p_blnCheckTeilnahme = true, Bool p_blnCheckVoraussetzung = true);
+
+    /// Records the approval of that user. Once nothing is pending in the process (state 0), the person becomes a
+    /// participant of the date, with costs; the entry stays. True where the approval was recorded and more is pending, and
+    /// where the participant was written. False where there is no entry, and where the person is a participant already.
+    Bool TeilnahmeGenehmigen(Int32 p_lngSemTerminID, Int32 p_lngUserID, Bool p_blnIsUsedBySylvar = true);
+
     /// Connection text of the process objects, one for all objects of the thread.
     Text ConnectionString();
     void ConnectionString(Text value);
@@ -68,6 +99,9 @@ class clsWBPerson final : public Object, public std::enable_shared_from_this<cls
   private:
     Bool IsInitializedPerson();
     void LoadWeiterbildungenPerson();
+    /// The oldest entry of the person on the wait-list of the date; empty without one.
+    Ref<clsSemWarteliste> WaitingFor(Int32 date);
+    Int32 GetKostAN(const Ref<clsTermin>& date);
 
     Int32 MDNR_ = 0;
     Int32 PersonID_ = 0;
@@ -77,6 +111,9 @@ class clsWBPerson final : public Object, public std::enable_shared_from_this<cls
     Text Vorname_;
     Text Nachname_;
     Ref<Collection<clsTeilnehmer>> colWeiterbildungen_;
+    Ref<colSemWarteliste> colWarteliste_;
+    Ref<colSemWarteliste> colInteressentenliste_;
+    Ref<colANWBBedarf> colWBBedarf_;
     Bool p_blnInitialized;
     Bool DoSendInfos_ = true;
 };

@@ -10,6 +10,7 @@
 #include <LumoSeminar/scheduling/clsSerie.h>
 #include <LumoSeminar/scheduling/colTerminTage.h>
 #include <LumoSeminar/scheduling/organiser_venue.h>
+#include <LumoSeminar/waitlist/colSemWarteliste.h>
 
 namespace LumoSeminar {
 namespace {
@@ -241,6 +242,16 @@ Ref<LumoSeminar::colTerminTage> clsTermin::colTerminTage() try {
     return colTerminTage_;
 } catch (...) {
     RaiseLabelled(" lumoRessourcen.clsRessource.colRessourcenDetails");
+}
+
+Ref<colSemWarteliste> clsTermin::colWarteliste() try {
+    if (!colWarteliste_) {
+        colWarteliste_ = New<colSemWarteliste>();
+        colWarteliste_->LoadListSeminartermin(session_, row_.SemTerminID);
+    }
+    return colWarteliste_;
+} catch (...) {
+    RaiseInLine(" in LumoSeminar.colWarteliste");
 }
 
 Ref<clsSerie> clsTermin::objSerie() try {

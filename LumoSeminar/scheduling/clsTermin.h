@@ -13,6 +13,7 @@ class clsSerie;
 class clsTerminVeranstalter;
 class clsTerminVeranstaltungsOrt;
 class colSemTerminSchwerpunkte;
+class colSemWarteliste;
 class colTeilnehmer;
 class colTerminTage;
 
@@ -69,6 +70,8 @@ class clsTermin final : public PersistentObject<TerminRow> {
     Ref<colSemTerminSchwerpunkte> clscolSemTerminSchwerpunkte();
     /// The days. A new list at each read: one statement. Keep the list to walk it twice.
     Ref<LumoSeminar::colTerminTage> colTerminTage();
+    /// The wait-list, listed at the first get and kept: one statement. No load.
+    Ref<colSemWarteliste> colWarteliste();
     /// The series, kept until SerienID changes; never empty. Load.
     Ref<clsSerie> objSerie();
     /// The seminar, kept until SemID changes; empty while SemID is 0. No load.
@@ -234,6 +237,7 @@ class clsTermin final : public PersistentObject<TerminRow> {
     Ref<clsSeminar> objSeminar_;
     Ref<clsTerminVeranstalter> Veranstalter_;
     Ref<clsTerminVeranstaltungsOrt> VeranstaltungsOrt_;
+    Ref<colSemWarteliste> colWarteliste_;
     Bool NewDelOnlyTag_;
 };
 
