@@ -7,7 +7,6 @@
 #include <LumoSeminar/frame/text_form.h>
 #include <LumoSeminar/waitlist/approval.h>
 #include <LumoSeminar/waitlist/clsSemWarteliste.h>
-#include <LumoSeminar/waitlist/colSemWarteliste.h>
 
 namespace LumoSeminar {
 namespace {
@@ -33,7 +32,6 @@ constexpr Byte kFulfilled = 1;
 constexpr Byte kRejected = 2;
 constexpr Int32 kProcessApproved = 2;
 constexpr Int32 kProcessRejected = 3;
-constexpr Int16 kEmployee = 2;
 constexpr Int16 kFromNeed = 1;
 
 Int32 StoredStatus(Byte status) { return status == kFulfilled ? -1 : status; }
@@ -119,19 +117,10 @@ Variant clsANWBBedarf::TeilnahmeZustimmen(Int32 p_lngSemTerminID, Int32 p_lngUse
     const Ref<InfoDispatcher> process = Dispatcher();
     process->Zustimmen(p_lngUserID, "");
     if (process->ProzessStatus() != kProcessApproved) return {};
-    const auto waiting = New<colSemWarteliste>();
-    waiting->LoadWartelisteMA(session_, row_.MDNr, row_.ANNr);
-    for (const auto& entry : waiting->NewEnum()) {
-        if (entry->SemTerminID() == p_lngSemTerminID) return {};
-    }
+    if (EntryForDate(session_, row_.MDNr, row_.ANNr, p_lngSemTerminID)) return {};
     const auto entry = New<clsSemWarteliste>();
     entry->Init(0, session_);
-    entry->MDNR(row_.MDNr);
-    entry->TNID(row_.ANNr);
-    entry->ModId(kEmployee);
-    entry->ErfDat(Now());
-    entry->Herkunft(kFromNeed);
-    entry->SemTerminID(p_lngSemTerminID);
+    FillEntry(entry, row_.MDNr, row_.ANNr, kFromNeed, p_lngSemTerminID);
     return entry->WriteToDatabase(p_lngUserID) ? Variant(true) : Variant();
 } catch (...) {
     RaiseInLine(" in LumoSeminar.BedarfZustimmen");

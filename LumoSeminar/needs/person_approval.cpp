@@ -2,7 +2,6 @@
 
 #include <LumoSeminar/enrolment/clsTeilnehmer.h>
 #include <LumoSeminar/enrolment/colTeilnehmer.h>
-#include <LumoSeminar/frame/clock.h>
 #include <LumoSeminar/frame/common.h>
 #include <LumoSeminar/needs/clsANWBBedarf.h>
 #include <LumoSeminar/needs/clsWBPerson.h>
@@ -15,14 +14,12 @@
 namespace LumoSeminar {
 namespace {
 
-// Every entry is one of an employee, whatever kind the person is.
-constexpr Int16 kEmployee = 2;
 constexpr Byte kConsented = 1;
 
-constexpr Int32 kFromElsewhere = 4;
-constexpr Int32 kFromHere = 3;
+constexpr Int16 kFromElsewhere = 4;
+constexpr Int16 kFromHere = 3;
 
-Int32 OriginOf(Bool is_used_by_sylvar) { return is_used_by_sylvar ? kFromElsewhere : kFromHere; }
+Int16 OriginOf(Bool is_used_by_sylvar) { return is_used_by_sylvar ? kFromElsewhere : kFromHere; }
 
 Ref<clsTermin> Bound(Int32 date, const Ref<DataSession>& session) {
     auto result = New<clsTermin>();
@@ -67,14 +64,9 @@ Int32 clsWBPerson::BedarfErfassen(Int32 p_lngWBS_ID, Int32 p_lngUserID) {
 }
 
 Ref<clsSemWarteliste> clsWBPerson::WaitingFor(Int32 date) {
-    const auto waiting = New<colSemWarteliste>();
-    waiting->LoadWartelisteMA(session_, MDNR_, PersonID_);
-    for (const auto& entry : waiting->NewEnum()) {
-        if (entry->SemTerminID() != date) continue;
-        entry->DoSendInfos(DoSendInfos_);
-        return entry;
-    }
-    return {};
+    const auto entry = EntryForDate(session_, MDNR_, PersonID_, date);
+    if (entry) entry->DoSendInfos(DoSendInfos_);
+    return entry;
 }
 
 Variant clsWBPerson::TeilnahmeZustimmen(Int32 p_lngSemTerminID, Int32 p_lngUserID, Bool p_blnIsUsedBySylvar) try {
@@ -85,12 +77,7 @@ Variant clsWBPerson::TeilnahmeZustimmen(Int32 p_lngSemTerminID, Int32 p_lngUserI
     const auto entry = New<clsSemWarteliste>();
     entry->DoSendInfos(DoSendInfos_);
     entry->Init(0, session_);
-    entry->MDNR(MDNR_);
-    entry->TNID(PersonID_);
-    entry->ModId(kEmployee);
-    entry->ErfDat(Now());
-    entry->Herkunft(To<Int16>(OriginOf(p_blnIsUsedBySylvar)));
-    entry->SemTerminID(p_lngSemTerminID);
+    FillEntry(entry, MDNR_, PersonID_, OriginOf(p_blnIsUsedBySylvar), p_lngSemTerminID);
     const Variant result = entry->WriteToDatabase(p_lngUserID) ? Variant(true) : Variant();
     // The process is opened whatever the write has reported.
     StartProcess(ProcessModule::kWaitList, entry->SemWartelisteID(), p_lngUserID);

@@ -4,9 +4,13 @@
 #include <LumoSeminar/enrolment/colTeilnehmer.h>
 #include <LumoSeminar/enrolment/cost_type.h>
 #include <LumoSeminar/enrolment/participant_costs.h>
+#include <LumoSeminar/frame/clock.h>
 #include <LumoSeminar/frame/common.h>
+#include <LumoSeminar/frame/person_kind.h>
 #include <LumoSeminar/frame/statement.h>
 #include <LumoSeminar/scheduling/clsTermin.h>
+#include <LumoSeminar/waitlist/clsSemWarteliste.h>
+#include <LumoSeminar/waitlist/colSemWarteliste.h>
 
 #include <cmath>
 
@@ -40,6 +44,24 @@ Int32 CostCentre(const Ref<DataSession>& session, Int32 client, Int32 employee, 
 }
 
 Byte AbsoluteByte(const Field& field) { return To<Byte>(std::fabs(common::FieldOr(field, Double{0}))); }
+
+Ref<clsSemWarteliste> EntryForDate(const Ref<DataSession>& session, Int32 client, Int32 employee, Int32 date) {
+    const auto waiting = New<colSemWarteliste>();
+    waiting->LoadWartelisteMA(session, client, employee);
+    for (const auto& entry : waiting->NewEnum()) {
+        if (entry->SemTerminID() == date) return entry;
+    }
+    return {};
+}
+
+void FillEntry(const Ref<clsSemWarteliste>& entry, Int32 client, Int32 employee, Int16 origin, Int32 date) {
+    entry->MDNR(client);
+    entry->TNID(employee);
+    entry->ModId(PersonKind::kEmployeeID);
+    entry->ErfDat(Now());
+    entry->Herkunft(origin);
+    entry->SemTerminID(date);
+}
 
 Ref<clsTeilnehmer> EmptyParticipant(const Ref<clsTermin>& date) {
     return date->clscolTeilnehmer()->AddEmptyObject().As<clsTeilnehmer>();

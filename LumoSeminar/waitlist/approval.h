@@ -11,6 +11,7 @@
 /// What the steps of an approval share, on whichever class they are. Not for front ends.
 namespace LumoSeminar {
 
+class clsSemWarteliste;
 class clsTeilnehmer;
 class clsTermin;
 
@@ -32,6 +33,12 @@ Int32 CostCentre(const Ref<DataSession>& session, Int32 client, Int32 employee, 
 
 /// The number in a field without its sign; 0 for Null.
 Byte AbsoluteByte(const Field& field);
+
+/// The oldest entry of an employee on the wait-list of a date; empty without one. One statement.
+Ref<clsSemWarteliste> EntryForDate(const Ref<DataSession>& session, Int32 client, Int32 employee, Int32 date);
+
+/// Gives a new entry of the wait-list of a date its person. It is one of an employee, whatever kind the person is.
+void FillEntry(const Ref<clsSemWarteliste>& entry, Int32 client, Int32 employee, Int16 origin, Int32 date);
 
 /// The new participant that waits in the list of the date.
 Ref<clsTeilnehmer> EmptyParticipant(const Ref<clsTermin>& date);
