@@ -102,6 +102,8 @@ class ScriptSession final : public DataSession {
         return state_->LastErrorText();
     }
 
+    const SharedState& State() const { return state_; }
+
   private:
     static bool Ok(const ScriptStepData& step) { return step.outcome == Outcome::kOk; }
 
@@ -114,12 +116,22 @@ void Refuse(ScriptStepData& step, Text last_error_text) {
     step.failure = std::move(last_error_text);
 }
 
+void GiveValue(ScriptStepData& step, Variant value) {
+    step.outcome = Outcome::kOk;
+    step.value = std::move(value);
+}
+
 void GiveState(ScriptStepData& step, Int32 state) {
     step.outcome = Outcome::kOk;
     step.state = state;
 }
 
 }  // namespace
+
+std::shared_ptr<ScriptState> detail::StateOf(const Ref<DataSession>& session) {
+    const auto* script = dynamic_cast<const ScriptSession*>(session.Get());
+    return script ? script->State() : nullptr;
+}
 
 void ScriptStep::Raises(Int32 number, Text description, Text source) const {
     data_->outcome = Outcome::kRaises;
@@ -145,10 +157,7 @@ void SelectStep::Refused(Text last_error_text) const { Refuse(*data_, std::move(
 void StatementStep::Ok() const { data_->outcome = Outcome::kOk; }
 void StatementStep::Refused(Text last_error_text) const { Refuse(*data_, std::move(last_error_text)); }
 
-void LookupStep::Gives(Variant value) const {
-    data_->outcome = Outcome::kOk;
-    data_->value = std::move(value);
-}
+void LookupStep::Gives(Variant value) const { GiveValue(*data_, std::move(value)); }
 void LookupStep::Refused(Text last_error_text) const { Refuse(*data_, std::move(last_error_text)); }
 
 void AdoConnectionStep::Open() const { GiveState(*data_, Connection::kOpen); }
@@ -159,6 +168,8 @@ void StateStep::Gives(Int32 state) const { GiveState(*data_, state); }
 
 void ConnectionOpenStep::Ok() const { GiveState(*data_, Connection::kOpen); }
 void ConnectionOpenStep::StaysClosed() const { GiveState(*data_, kClosed); }
+
+void ProcessStep::Gives(Variant value) const { GiveValue(*data_, std::move(value)); }
 
 Script::Script() : state_(std::make_shared<ScriptState>()), session_(New<ScriptSession>(state_)) {}
 Script::~Script() = default;
@@ -195,6 +206,12 @@ CloseStep Script::CloseRows(const RowsStep& rows) {
     return CloseStep(state_->Append(CallKind::kCloseRows, {std::to_string(rows.data_->number)}));
 }
 
+ProcessStep Script::Process(Text call) {
+    ScriptStepData& step = state_->Append(CallKind::kProcess, {std::move(call)});
+    step.value = Variant();
+    return ProcessStep(step);
+}
+
 Ref<DataSession> Script::Session() { return session_; }
 
 std::string Script::Report() const { return state_->Report(); }
@@ -205,7 +222,7 @@ bool Script::SessionReleased() const { return session_.UseCount() == 1; }
 int Script::StepCount() const { return state_->StepCount(); }
 std::string Script::StepText(int step) const { return detail::CallText(state_->Step(step).call); }
 bool Script::CanFail(int step, FailureMode mode) const {
-    return mode == FailureMode::kRaises || state_->Step(step).call.kind != CallKind::kCloseRows;
+    return mode == FailureMode::kRaises || detail::CanBeRefused(state_->Step(step).call.kind);
 }
 void Script::FailAt(int step, FailureMode mode) { state_->FailAt(step, mode); }
 std::vector<std::string> Script::CallsAfterFailure() const { return state_->CallsAfterFailure(); }

@@ -42,8 +42,8 @@ struct ScriptStepData;
 enum class FailureMode {
     /// OpenSelect, ExecuteSql and Connect give false and LookupValue Null, with the LastErrorText "refused at step N".
     /// AdoConnection gives a connection that is closed and stays so, State gives 0, Open leaves the connection closed.
-    /// Execute, which knows no refusal, raises kStepFailed with the text "refused at step N". Close cannot fail
-    /// like that.
+    /// Execute, which knows no refusal, raises kStepFailed with the text "refused at step N". Close and calls on process
+    /// objects cannot fail like that.
     kNotOk,
     /// Raises kStepFailed, "raised at step N".
     kRaises,
@@ -147,6 +147,17 @@ class ConnectionOpenStep : public ScriptStep {
     using ScriptStep::ScriptStep;
 };
 
+/// A call on a process object. Without an answer of its own it gives what an object gives that does nothing: ModulNr
+/// and SchluesselID what Initialisieren was told, all others 0, false or an empty text.
+class ProcessStep : public ScriptStep {
+  public:
+    void Gives(Variant value) const;
+
+  private:
+    friend class Script;
+    using ScriptStep::ScriptStep;
+};
+
 /// Close of a row set. Without an answer of its own it closes.
 class CloseStep : public ScriptStep {
   private:
@@ -187,6 +198,12 @@ class Script {
     /// Close of the row set of that step.
     CloseStep CloseRows(const RowsStep& rows);
 
+    /// A call on a process object or on the session defaults, or that one is made: "New InfoStarter",
+    /// "InfoStarter.Starten 8, 42, 17", "SessionDefaults.FirstText 2", "InfoDispatcher.Zustimmen 17, ''". Numbers stand
+    /// in decimal, texts in single quotes.
+    /// @see ScriptComponents
+    ProcessStep Process(Text call);
+
     /// The session, always the same one. The script keeps a reference to it.
     Ref<DataSession> Session();
 
@@ -209,7 +226,7 @@ class Script {
     int StepCount() const;
     /// A step as it would stand in Calls(). Steps count from 1.
     std::string StepText(int step) const;
-    /// Whether the step has an answer for that mode: Close cannot be refused.
+    /// Whether the step has an answer for that mode: Close and calls on process objects cannot be refused.
     bool CanFail(int step, FailureMode mode) const;
 
     /// Makes a step fail in place of its answer. From there on the script is lenient: a call that meets one of the

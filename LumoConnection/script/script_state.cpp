@@ -26,6 +26,7 @@ const KindNames& NamesOf(CallKind kind) {
         {"Open of the connection", {"connection text", "user", "password", "options"}},
         {"Execute of the connection", {"statement", "options"}},
         {"Close of the rows", {"step"}},
+        {"Process", {"call"}},
     };
     return kNames[static_cast<std::size_t>(kind)];
 }
@@ -50,6 +51,7 @@ std::string CallText(const ScriptCall& call) {
     switch (call.kind) {
         case CallKind::kOpenSelect:
         case CallKind::kExecuteSql:
+        case CallKind::kProcess:
             append(": ", arguments[0]);
             break;
         case CallKind::kLookupValue:
@@ -111,8 +113,10 @@ const ScriptStepData& ScriptState::Step(int number) const {
 }
 
 void ScriptState::FailAt(int step, FailureMode mode) {
-    if (mode == FailureMode::kNotOk && Step(step).call.kind == CallKind::kCloseRows) {
-        Raise(ScriptError::kBadScript, StepName(step) + " of the script is a Close, which cannot be refused.");
+    if (mode == FailureMode::kNotOk && !CanBeRefused(Step(step).call.kind)) {
+        Raise(ScriptError::kBadScript, StepName(step) + " of the script is a " +
+                                           (Step(step).call.kind == CallKind::kProcess ? "call on a process object" : "Close") +
+                                           ", which cannot be refused.");
     }
     failing_step_ = Step(step).number;
     failure_mode_ = mode;
@@ -187,6 +191,7 @@ ScriptStepData ScriptState::Deliver(ScriptStepData step) {
             if (refused) throw Error(ScriptError::kStepFailed, step.failure, std::string(kScript));
             break;
         case CallKind::kCloseRows:
+        case CallKind::kProcess:
             break;
     }
     return step;

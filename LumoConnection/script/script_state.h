@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -21,6 +22,7 @@ enum class CallKind {
     kConnectionOpen,
     kConnectionExecute,
     kCloseRows,
+    kProcess,
 };
 
 struct ScriptCall {
@@ -29,6 +31,9 @@ struct ScriptCall {
 
     bool operator==(const ScriptCall&) const = default;
 };
+
+/// A Close and a call on a process object cannot: they succeed or raise.
+constexpr bool CanBeRefused(CallKind kind) { return kind != CallKind::kCloseRows && kind != CallKind::kProcess; }
 
 /// "OpenSelect: SELECT ...", on one line.
 std::string CallText(const ScriptCall& call);
@@ -45,7 +50,7 @@ struct ScriptStepData {
     Int32 error_number = 0;
     Text error_source;
 
-    /// Of a lookup.
+    /// Of a lookup or of a process object; Empty: the call has no answer of its own.
     Variant value = Variant::Null();
     /// Of a connection; -1 for no connection.
     Int32 state = Connection::kOpen;
@@ -110,5 +115,8 @@ class ScriptState {
     std::optional<std::size_t> calls_at_failure_;
     std::vector<std::string> unexpected_after_failure_;
 };
+
+/// The state of a session that Script::Session() gave; empty for any other.
+std::shared_ptr<ScriptState> StateOf(const Ref<DataSession>& session);
 
 }  // namespace LumoConnection::detail
