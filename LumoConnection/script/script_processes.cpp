@@ -23,7 +23,7 @@ class Recorder {
     template <class... Arguments>
     Variant Record(const char* operation, const Arguments&... arguments) {
         Text call = Text(object_) + "." + operation;
-        const char* separator = " ";
+        [[maybe_unused]] const char* separator = " ";
         ((call += separator + ArgumentText(arguments), separator = ", "), ...);
         return Call(std::move(call));
     }
