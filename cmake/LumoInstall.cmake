@@ -27,7 +27,10 @@ foreach(name LumoSeminar LumoConnection)
     install(FILES ${PROJECT_BINARY_DIR}/pkgconfig/${name}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 endforeach()
 
-install(FILES schema/schema.sql schema/sample.sql DESTINATION ${CMAKE_INSTALL_DATADIR}/lumoseminar)
+install(
+    FILES schema/schema.sql schema/sample.sql schema/process.sql schema/process_sample.sql
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/lumoseminar
+)
 if(LUMOSEMINAR_FRONTEND)
     install(TARGETS lumoseminar)
 endif()

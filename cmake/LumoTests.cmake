@@ -16,7 +16,7 @@ foreach(share 0 1)
 endforeach()
 
 # Eight threads at once; the preset tsan builds this one under ThreadSanitizer.
-set(threads_source ${PROJECT_SOURCE_DIR}/LumoConnection/threads_test.cpp)
+set(threads_source ${PROJECT_SOURCE_DIR}/LumoSeminar/threads_test.cpp)
 list(REMOVE_ITEM test_sources ${threads_source})
 add_executable(lumo_thread_tests ${threads_source})
 target_include_directories(lumo_thread_tests PRIVATE ${PROJECT_SOURCE_DIR})

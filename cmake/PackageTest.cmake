@@ -1,6 +1,6 @@
 # cmake -DBUILD= -DSOURCE= -DCXX= -DFLAGS= -DCONFIG= -P PackageTest.cmake
-# Installs a built tree, moves it, and builds and runs examples/package from it: with find_package(), then with the
-# flags of pkg-config.
+# Installs a built tree, moves it, and builds and runs the examples from it: with find_package(), and examples/package
+# with the flags of pkg-config as well.
 cmake_minimum_required(VERSION 3.25)
 
 set(work ${BUILD}/package_test)
@@ -41,17 +41,29 @@ foreach(file libLumoSeminar091.so libLumoSeminar091.a libLumoConnection091.so li
         message(FATAL_ERROR "Not installed: ${file}")
     endif()
 endforeach()
-foreach(file schema.sql sample.sql)
+foreach(file schema.sql sample.sql process.sql process_sample.sql)
     if(NOT EXISTS ${prefix}/share/lumoseminar/${file})
         message(FATAL_ERROR "Not installed: share/lumoseminar/${file}")
     endif()
 endforeach()
 
-check_run(
-    ignored ${CMAKE_COMMAND} -S ${SOURCE}/examples/package -B ${work}/consumer -G Ninja
-    -DCMAKE_PREFIX_PATH=${prefix} -DCMAKE_CXX_COMPILER=${CXX} -DCMAKE_CXX_FLAGS=${FLAGS} -DCMAKE_BUILD_TYPE=${CONFIG}
-)
-check_run(ignored ${CMAKE_COMMAND} --build ${work}/consumer)
+function(build_example example folder)
+    check_run(
+        ignored ${CMAKE_COMMAND} -S ${SOURCE}/examples/${example} -B ${folder} -G Ninja -DCMAKE_PREFIX_PATH=${prefix}
+        -DCMAKE_CXX_COMPILER=${CXX} -DCMAKE_CXX_FLAGS=${FLAGS} -DCMAKE_BUILD_TYPE=${CONFIG}
+    )
+    check_run(ignored ${CMAKE_COMMAND} --build ${folder})
+endfunction()
+
+build_example(front_end ${work}/front_end)
+check_run(output ${work}/front_end/front_end_example)
+file(READ ${SOURCE}/examples/front_end/expected_output.txt expected)
+if(NOT output STREQUAL expected)
+    message(NOTICE "front_end_example printed:\n${output}\nbut was to print:\n${expected}")
+    message(FATAL_ERROR "Wrong output")
+endif()
+
+build_example(package ${work}/consumer)
 
 set(ENV{PKG_CONFIG_PATH} ${pkgconfig_dir})
 check_run(pkgconfig_flags pkg-config --cflags --libs LumoConnection)

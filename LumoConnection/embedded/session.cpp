@@ -56,15 +56,18 @@ class EmbeddedSession::State : public Object {
     /// For a text that yields none; made before it runs, as nothing may fail behind it.
     Ref<RecordSet> no_rows;
     std::vector<Embedded::Type> types;
+    /// Of the last call.
     Int32 error_number = 0;
-    Text error_text;
     std::optional<ErrorPlace> error_place;
     bool taken_back = false;
+    /// Of the last refusal, which later calls leave as it is.
+    bool was_refused = false;
+    Text error_text;
+    bool refusal_taken_back = false;
     Int32 affected = -1;
 
     void Clear() {
         error_number = 0;
-        error_text.clear();
         error_place.reset();
         taken_back = false;
         affected = -1;
@@ -72,22 +75,28 @@ class EmbeddedSession::State : public Object {
 
     // Needs no memory.
     void FailOutOfMemory() noexcept {
-        error_number = Refused::kOutOfMemory;
+        Refuse(Refused::kOutOfMemory);
         error_text.clear();
         error_place.reset();
     }
 
+    void Refuse(Int32 number) noexcept {
+        error_number = number;
+        was_refused = true;
+        refusal_taken_back = taken_back;
+    }
+
     // A text is there after each failure, also where there was no memory for one.
     Text ErrorText() const {
-        if (error_number == 0) return {};
+        if (!was_refused) return {};
         Text text = error_text.empty() ? kOutOfMemoryText : error_text;
-        if (taken_back) text += kTakenBackText;
+        if (refusal_taken_back) text += kTakenBackText;
         return text;
     }
 
     void Fail(Int32 number, Text text) {
-        error_number = number;
         error_text = OneLineText(std::move(text));
+        Refuse(number);
     }
 
     // Like Execute(), but forgets no rows.

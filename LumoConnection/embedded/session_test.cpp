@@ -92,7 +92,8 @@ TEST(EmbeddedSession, SaysWhyAndWhereItRefuses) {
     EXPECT_EQ(session->LastErrorPlace()->line, 2u);
     EXPECT_EQ(session->LastErrorPlace()->column, 3u);
     EXPECT_TRUE(session->ExecuteSql("INSERT INTO T VALUES (7, 'a')"));
-    EXPECT_EQ(session->LastErrorText(), "");
+    EXPECT_EQ(session->LastErrorText(), "Invalid column name 'Nix'.");
+    EXPECT_EQ(session->LastErrorNumber(), 0);
     EXPECT_FALSE(session->LastErrorPlace());
     EXPECT_FALSE(session->ExecuteSql("INSERT INTO T VALUES (6, 'b'), (7, 'c')"));
     EXPECT_EQ(session->LastErrorNumber(), 2627);

@@ -45,7 +45,8 @@ class InfoStarter : public Object {
     virtual Variant Starten(Int32 module_number, Int32 key, Int32 p_lngUserID) = 0;
 };
 
-/// Defaults of the login, kept once per thread. Each of the two lookups gives one text for an index.
+/// Defaults of the login, kept once per thread. Each of the two lookups gives one text for an index. Both texts of index
+/// 2 go to Verbinden; the first is also entered as the maker of a new enrolment, and goes into the statement as it stands.
 class SessionDefaults : public Object {
   public:
     virtual Text FirstText(Int32 index) = 0;

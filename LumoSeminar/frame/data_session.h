@@ -49,7 +49,7 @@ class DataSession : public Object {
     /// empty. Null where there is no row, where the value is Null and where the database refuses the lookup.
     virtual Variant LookupValue(const Text& expression, const Text& table, const Text& where) = 0;
 
-    /// Why the last refused call was refused. One line.
+    /// Why the last refused call was refused, also after calls that went well; empty before the first. One line.
     virtual Text LastErrorText() = 0;
 };
 

@@ -1,3 +1,4 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -207,7 +208,7 @@ TEST_F(WaitListForReal, WithoutAnActiveClientThereIsNoLogin) {
     EXPECT_EQ(All(session)->Item(1)->GeaendertVon(), "");
 }
 
-TEST_F(WaitListForReal, WhereTheBindingIsRefusedTheRowIsTakenBackAndTheReasonIsLost) {
+TEST_F(WaitListForReal, WhereTheBindingIsRefusedTheRowIsTakenBackAndTheReasonIsTold) {
     const auto session = Database();
     Write(*session, "DROP TABLE Sem_WartelisteTermin_IT");
     Write(*session,
@@ -218,7 +219,7 @@ TEST_F(WaitListForReal, WhereTheBindingIsRefusedTheRowIsTakenBackAndTheReasonIsL
     ASSERT_TRUE(error);
     EXPECT_EQ(error->Number(), 9999);
     EXPECT_EQ(LabelsOf(error), Labels{" in LumoSeminar.WriteToDatabase"});
-    EXPECT_EQ(ReadDescription(error->Description()).text, "") << "the delete went well and has no text";
+    EXPECT_THAT(ReadDescription(error->Description()).text, testing::HasSubstr("Sem_WartelisteTermin_IT"));
     EXPECT_EQ(entry->SemWartelisteID(), 1);
     EXPECT_EQ(Stored(session), Rows{});
     EXPECT_EQ(NewEntry(session, 17)->WriteToDatabase(kUserID), true);

@@ -14,7 +14,7 @@
 
 // Eight threads, each a library of its own with a session and process objects of its own, on one file. Nothing is
 // shared but the file. Two sessions may draw one key: the second insert is refused, and the front end tries again.
-namespace LumoConnection {
+namespace LumoSeminar {
 namespace {
 
 constexpr int kThreads = 8;
@@ -44,7 +44,7 @@ class Worker {
         : number_(number), text_(connection_text), told_(told) {}
 
     void Run() try {
-        Install(Login{.connection_text = text_, .user = "worker" + std::to_string(number_)});
+        LumoConnection::Install(LumoConnection::Login{.connection_text = text_, .user = "worker" + std::to_string(number_)});
         session_ = MakeDataSession();
         if (!session_->Connect(text_, "", "", 30)) RaiseRefused(session_->LastErrorText());
         for (int round = 0; round < kRounds; ++round) {
@@ -166,7 +166,7 @@ class ThreadsTest : public testing::Test {
 
     const test_support::Folder folder_;
     const Text text_ = "Provider=Embedded;Sync=Normal;Data Source='" + folder_.File("seminare.db") + "'";
-    const Ref<EmbeddedSession> session_ = New<EmbeddedSession>();
+    const Ref<LumoConnection::EmbeddedSession> session_ = New<LumoConnection::EmbeddedSession>();
 };
 
 TEST_F(ThreadsTest, EightLibrariesOnOneFileLoseNothingThatWasAcknowledged) {
@@ -220,4 +220,4 @@ TEST_F(ThreadsTest, EightLibrariesOnOneFileLoseNothingThatWasAcknowledged) {
 }
 
 }  // namespace
-}  // namespace LumoConnection
+}  // namespace LumoSeminar
