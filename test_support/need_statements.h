@@ -11,15 +11,12 @@
 #include <LumoSeminar/frame/errors.h>
 #include <LumoSeminar/frame/variant.h>
 #include <LumoSeminar/needs/clsANWBBedarf.h>
+#include <test_support/raises.h>
 
 /// For tests: the statements of a training need as they are sent, rows of it, and its properties.
 namespace LumoSeminar::need_statements {
 
 using Labels = std::vector<std::string>;
-
-inline Labels LabelsOf(const std::optional<Error>& error) {
-    return error ? ReadDescription(error->Description()).labels : Labels{"nothing raised"};
-}
 
 inline const std::string kLabelOfLoad = " in LumoSeminar.IsInitialized";
 inline const std::string kLabelOfWrite = " in LumoSeminar.WriteToDatabase";

@@ -17,6 +17,7 @@
 #include <LumoSeminar/frame/variant.h>
 #include <test_support/cost_statements.h>
 #include <test_support/failures.h>
+#include <test_support/raises.h>
 #include <test_support/termin_statements.h>
 
 /// For tests: the statements of a participant as they are sent, rows of it, its properties, and ways to get a record.
@@ -25,10 +26,6 @@ namespace LumoSeminar::participant_statements {
 using Labels = std::vector<std::string>;
 
 inline const std::string kLabel = " LumoSeminar062.clsTeilnehmer.";
-
-inline Labels LabelsOf(const std::optional<Error>& error) {
-    return error ? ReadDescription(error->Description()).labels : Labels{"nothing raised"};
-}
 
 // The statements.
 

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <optional>
+#include <string>
+#include <vector>
 
 #include <LumoSeminar/frame/errors.h>
 
@@ -17,6 +19,13 @@ std::optional<LumoSeminar::Error> RaisedBy(Call&& call) {
         return error;
     }
     return std::nullopt;
+}
+
+using Labels = std::vector<std::string>;
+
+/// The labels that an error has gathered.
+inline Labels LabelsOf(const std::optional<LumoSeminar::Error>& error) {
+    return error ? LumoSeminar::ReadDescription(error->Description()).labels : Labels{"nothing raised"};
 }
 
 template <class Call>

@@ -10,6 +10,7 @@
 #include <LumoSeminar/frame/errors.h>
 #include <LumoSeminar/frame/variant.h>
 #include <LumoSeminar/scheduling/clsTermin.h>
+#include <test_support/raises.h>
 
 /// For tests: the properties of a date that load, for tables over all of them.
 namespace LumoSeminar::termin_properties {
@@ -125,10 +126,6 @@ inline void LetAllColumns(clsTermin& date, Variant Property::*value) {
 }
 
 using Labels = std::vector<std::string>;
-
-inline Labels LabelsOf(const std::optional<Error>& error) {
-    return error ? ReadDescription(error->Description()).labels : Labels{"nothing raised"};
-}
 
 inline Ref<clsTermin> Bound(const Ref<DataSession>& session, Int32 key) {
     auto date = New<clsTermin>();

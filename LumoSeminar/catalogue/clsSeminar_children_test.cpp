@@ -24,6 +24,7 @@ using LumoConnection::Script;
 using test_support::ExpectFailures;
 using test_support::kNotOk;
 using test_support::kRaises;
+using test_support::LabelsOf;
 using test_support::RaisedBy;
 using test_support::SampleDatabase;
 using test_support::SchemaDatabase;
@@ -41,10 +42,6 @@ Ref<clsSeminar> Bound(const Ref<DataSession>& session, Int32 key) {
     auto seminar = New<clsSeminar>();
     EXPECT_EQ(seminar->Init(key, session), true);
     return seminar;
-}
-
-Labels LabelsOf(const std::optional<Error>& error) {
-    return error ? ReadDescription(error->Description()).labels : Labels{"nothing raised"};
 }
 
 // The statements.

@@ -19,6 +19,7 @@ using LumoConnection::Script;
 using test_support::ExpectFailures;
 using test_support::kNotOk;
 using test_support::kRaises;
+using test_support::LabelsOf;
 using test_support::RaisedBy;
 
 const std::string kLabel = " LumoSeminar062.clsSeminar.";
@@ -27,10 +28,6 @@ Ref<clsSeminar> Bound(const Ref<DataSession>& session, Int32 key) {
     auto seminar = New<clsSeminar>();
     EXPECT_EQ(seminar->Init(key, session), true);
     return seminar;
-}
-
-std::vector<std::string> LabelsOf(const std::optional<Error>& error) {
-    return error ? ReadDescription(error->Description()).labels : std::vector<std::string>{"nothing raised"};
 }
 
 TEST(clsSeminar, InitBindsWithoutAStatement) {

@@ -16,6 +16,7 @@ using LumoConnection::Script;
 using test_support::ExpectFailures;
 using test_support::kNotOk;
 using test_support::kRaises;
+using test_support::LabelsOf;
 using test_support::RaisedBy;
 
 using Labels = std::vector<std::string>;
@@ -39,10 +40,6 @@ Ref<colSeminare> Listed(const Ref<DataSession>& session, Int32 client) {
 void ScriptDates(Script& script, Int32 seminar, const std::vector<std::vector<Variant>>& dates) {
     script.AdoConnection();
     script.OpenSelect(SelectDates(seminar, 5)).Rows(kDateColumns, dates);
-}
-
-Labels LabelsOf(const std::optional<Error>& error) {
-    return error ? ReadDescription(error->Description()).labels : Labels{"nothing raised"};
 }
 
 TEST(colSeminare, ListsTheKeysInTheOrderOfTheServerWithOneStatement) {

@@ -15,6 +15,7 @@ using LumoConnection::Script;
 using test_support::ExpectFailures;
 using test_support::kNotOk;
 using test_support::kRaises;
+using test_support::LabelsOf;
 using test_support::RaisedBy;
 
 using Labels = std::vector<std::string>;
@@ -24,10 +25,6 @@ const std::string kLabel = " LumoSeminar062.clsSemTerminSchwerpunkt.";
 const std::string kLabelOfRemove = " LumoSeminar062.colSemTerminSchwerpunkte.Remove";
 const std::string kLabelOfRemoveAll = "LumoSeminar.colSemTerminSchwerpunkte.RemoveAll";
 const std::vector<std::string> kNameColumns = {"WBS"};
-
-Labels LabelsOf(const std::optional<Error>& error) {
-    return error ? ReadDescription(error->Description()).labels : Labels{"nothing raised"};
-}
 
 /// A focus area of the date 17.
 Ref<clsSemTerminSchwerpunkt> Bound(const Ref<DataSession>& session, Int32 focus_area) {

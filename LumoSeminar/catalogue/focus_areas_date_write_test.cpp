@@ -17,6 +17,7 @@ using LumoConnection::Script;
 using test_support::ExpectFailures;
 using test_support::kNotOk;
 using test_support::kRaises;
+using test_support::LabelsOf;
 using test_support::RaisedBy;
 
 using Labels = std::vector<std::string>;
@@ -25,10 +26,6 @@ using Rows = std::vector<std::vector<Variant>>;
 const Text kName = "Führung";
 const std::string kLabel = " LumoSeminar062.clsSemTerminSchwerpunkt.";
 const std::string kLabelOfWrite = kLabel + "WriteToDatabase";
-
-Labels LabelsOf(const std::optional<Error>& error) {
-    return error ? ReadDescription(error->Description()).labels : Labels{"nothing raised"};
-}
 
 void ScriptOption(Script& script, const Variant& value) { script.OpenSelect(kSelectOption).Rows({"Wert"}, {{value}}); }
 

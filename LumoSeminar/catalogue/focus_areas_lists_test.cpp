@@ -17,13 +17,10 @@ using LumoConnection::Script;
 using test_support::ExpectFailures;
 using test_support::kNotOk;
 using test_support::kRaises;
+using test_support::LabelsOf;
 using test_support::RaisedBy;
 
 using Labels = std::vector<std::string>;
-
-Labels LabelsOf(const std::optional<Error>& error) {
-    return error ? ReadDescription(error->Description()).labels : Labels{"nothing raised"};
-}
 
 /// What holds for the focus areas of a seminar and for those of a date alike. Both are listed for the key 17.
 template <class List>

@@ -16,6 +16,7 @@ using LumoConnection::Script;
 using test_support::ExpectFailures;
 using test_support::kNotOk;
 using test_support::kRaises;
+using test_support::LabelsOf;
 using test_support::RaisedBy;
 
 using Labels = std::vector<std::string>;
@@ -29,10 +30,6 @@ const std::string kNoErrorText = "ADO-Fehlermeldung: ";
 const std::vector<std::string> kNameColumns = {"Weiterbildungsschwerpunkt"};
 
 static_assert(!std::is_default_constructible_v<clsSemSchwerpunkt>, "front ends get them from a list only");
-
-Labels LabelsOf(const std::optional<Error>& error) {
-    return error ? ReadDescription(error->Description()).labels : Labels{"nothing raised"};
-}
 
 /// The list of seminar 5 with one focus area, 7.
 void ScriptList(Script& script) {

@@ -16,6 +16,7 @@ using LumoConnection::Script;
 using test_support::ExpectFailures;
 using test_support::kNotOk;
 using test_support::kRaises;
+using test_support::LabelsOf;
 using test_support::RaisedBy;
 
 using Labels = std::vector<std::string>;
@@ -26,10 +27,6 @@ const std::string kLabelOfAGroup = " LumoSeminar.clsSemZielgruppe.Init";
 const std::string kLabelOfAList = " LumoSeminar.colSemZielgruppen.Init";
 const std::string kLabelOfAGoal = " LumoSeminar.clsSemZielInhalt.Init";
 const std::string kLabelOfTheOpening = "LumoSeminar.common.OpenADOConnection";
-
-Labels LabelsOf(const std::optional<Error>& error) {
-    return error ? ReadDescription(error->Description()).labels : Labels{"nothing raised"};
-}
 
 std::string SelectGroup(int seminar, int group) {
     return "SELECT sysIData_Zielgruppen.Kurz, sysIData_Zielgruppen.Bezeichnung FROM Sem_Zielgruppen_IT INNER JOIN "

@@ -13,6 +13,7 @@ using LumoConnection::Script;
 using test_support::ExpectFailures;
 using test_support::kNotOk;
 using test_support::kRaises;
+using test_support::LabelsOf;
 using test_support::RaisedBy;
 
 using Labels = std::vector<std::string>;
@@ -67,10 +68,6 @@ std::vector<Int32> YearsOf(const Ref<colSemBudgetJahre>& list) {
     std::vector<Int32> years;
     for (const auto& year : list->NewEnum()) years.push_back(year->JahrID());
     return years;
-}
-
-Labels LabelsOf(const std::optional<Error>& error) {
-    return error ? ReadDescription(error->Description()).labels : Labels{"nothing raised"};
 }
 
 TEST(clsSemBudgetJahr, InitStoresWhatItIsGivenReadsNothingAndGivesEmpty) {

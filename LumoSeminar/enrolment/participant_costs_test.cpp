@@ -15,6 +15,7 @@ using LumoConnection::Script;
 using test_support::ExpectFailures;
 using test_support::kNotOk;
 using test_support::kRaises;
+using test_support::LabelsOf;
 using test_support::RaisedBy;
 
 using Labels = std::vector<std::string>;
@@ -25,10 +26,6 @@ const std::string kLabelOfAWrite = " in LumoSeminar.WriteToDatabase";
 const std::string kLabelOfADelete = " in LumoSeminar.DeleteFromDatabase";
 const std::string kLabelOfItem = " in LumoSeminar.Item";
 const Labels kLabelsOfAList = {" in LumoSeminar.LoadKeysFromDataBase", " in LumoSeminar.Init"};
-
-Labels LabelsOf(const std::optional<Error>& error) {
-    return error ? ReadDescription(error->Description()).labels : Labels{"nothing raised"};
-}
 
 TEST(clsTeilnehmerKosten, TheKeysAreStoredAndGivenWithoutASession) {
     clsTeilnehmerKosten line;

@@ -19,6 +19,7 @@ using test_support::CommaLocale;
 using test_support::ExpectFailures;
 using test_support::kNotOk;
 using test_support::kRaises;
+using test_support::LabelsOf;
 using test_support::RaisedBy;
 
 using Labels = std::vector<std::string>;
@@ -34,10 +35,6 @@ void ScriptCostType(Script& script, const Variant& key) {
 
 void ScriptLastLine(Script& script, const Variant& key, int participant = 7) {
     script.LookupValue("max(KostenID)", "Sem_Teilnehmer_Kosten_IT", "TeilnehmerID =" + std::to_string(participant)).Gives(key);
-}
-
-Labels LabelsOf(const std::optional<Error>& error) {
-    return error ? ReadDescription(error->Description()).labels : Labels{"nothing raised"};
 }
 
 TEST(clsTeilnehmerKosten, AnUpdateWritesAllColumns) {

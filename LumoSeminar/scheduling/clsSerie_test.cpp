@@ -15,6 +15,7 @@ using LumoConnection::Script;
 using test_support::ExpectFailures;
 using test_support::kNotOk;
 using test_support::kRaises;
+using test_support::LabelsOf;
 using test_support::RaisedBy;
 
 using Labels = std::vector<std::string>;
@@ -22,10 +23,6 @@ using Labels = std::vector<std::string>;
 const std::string kOddLabel = "LUmoSeminar.clsSerie.";
 const std::string kLabel = "LumoSeminar.clsSerie.";
 const std::string kLabelOfDeleteOld = "LumoSeminar.clsTermin.CheckSerie";
-
-Labels LabelsOf(const std::optional<Error>& error) {
-    return error ? ReadDescription(error->Description()).labels : Labels{"nothing raised"};
-}
 
 /// What a series holds of what is read without a load, in the order of the columns.
 std::vector<Variant> PlainValuesOf(clsSerie& s) {

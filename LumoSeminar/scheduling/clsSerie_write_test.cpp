@@ -14,6 +14,7 @@ using LumoConnection::Script;
 using test_support::ExpectFailures;
 using test_support::kNotOk;
 using test_support::kRaises;
+using test_support::LabelsOf;
 using test_support::RaisedBy;
 
 using Labels = std::vector<std::string>;
@@ -25,10 +26,6 @@ const std::string kLabelOfDeleteOld = "LumoSeminar.clsTermin.CheckSerie";
 void ScriptCount(Script& script, const std::string& statement, Int32 count) {
     script.OpenSelect(statement).Rows({""}, {{count}});
     script.CloseRows();
-}
-
-Labels LabelsOf(const std::optional<Error>& error) {
-    return error ? ReadDescription(error->Description()).labels : Labels{"nothing raised"};
 }
 
 TEST(clsSerie, ANewSeriesGetsTheNextKeyAndIsReadAnewAfterTheWrite) {

@@ -19,6 +19,7 @@ using LumoConnection::Script;
 using test_support::ExpectFailures;
 using test_support::kNotOk;
 using test_support::kRaises;
+using test_support::LabelsOf;
 using test_support::RaisedBy;
 
 using Labels = std::vector<std::string>;
@@ -47,10 +48,6 @@ Ref<clsTerminTag> Bound(const Ref<DataSession>& session, DateTime day = kDay, In
 void ScriptTimes(Script& script, const std::vector<std::vector<Variant>>& rows) {
     script.OpenSelect(SelectTimes(17, kDayText)).Rows(kTimeColumns, rows);
     script.CloseRows();
-}
-
-Labels LabelsOf(const std::optional<Error>& error) {
-    return error ? ReadDescription(error->Description()).labels : Labels{"nothing raised"};
 }
 
 TEST(clsTerminTag, KeyIsTheDateInTenDigitsAndTheDayInEight) {

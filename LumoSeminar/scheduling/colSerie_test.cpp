@@ -27,6 +27,7 @@ using LumoConnection::Script;
 using test_support::ExpectFailures;
 using test_support::kNotOk;
 using test_support::kRaises;
+using test_support::LabelsOf;
 using test_support::RaisedBy;
 
 using Labels = std::vector<std::string>;
@@ -34,10 +35,6 @@ using Labels = std::vector<std::string>;
 const std::string kLabel = "LumoSeminar.colSerien.";
 const std::string kLabelOfAdd = "LumoSeminar.colSerie.Add";
 const Labels kLabelsOfLoad = {kLabel + "LoadKeysFromDataBase", kLabel + "Init"};
-
-Labels LabelsOf(const std::optional<Error>& error) {
-    return error ? ReadDescription(error->Description()).labels : Labels{"nothing raised"};
-}
 
 /// A list of series that are bound to these keys.
 Ref<colSerie> ListOf(const Ref<DataSession>& session, const std::vector<Int32>& keys) {

@@ -18,6 +18,7 @@ using LumoConnection::Script;
 using test_support::ExpectFailures;
 using test_support::kNotOk;
 using test_support::kRaises;
+using test_support::LabelsOf;
 using test_support::RaisedBy;
 
 using Labels = std::vector<std::string>;
@@ -50,10 +51,6 @@ std::vector<Text> KeysOf(const Ref<colTerminTage>& list) {
     std::vector<Text> keys;
     for (const auto& day : list->NewEnum()) keys.push_back(day->Key());
     return keys;
-}
-
-Labels LabelsOf(const std::optional<Error>& error) {
-    return error ? ReadDescription(error->Description()).labels : Labels{"nothing raised"};
 }
 
 TEST(colTerminTage, ListsTheDaysInTheOrderOfTheServerWithOneStatementAndClosesTheRows) {

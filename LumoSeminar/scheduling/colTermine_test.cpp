@@ -19,6 +19,7 @@ using LumoConnection::Script;
 using test_support::ExpectFailures;
 using test_support::kNotOk;
 using test_support::kRaises;
+using test_support::LabelsOf;
 using test_support::RaisedBy;
 
 using Labels = std::vector<std::string>;
@@ -94,10 +95,6 @@ std::vector<Text> KeysOf(const Ref<colTermine>& list) {
     std::vector<Text> keys;
     for (const auto& date : list->NewEnum()) keys.push_back(date->Key());
     return keys;
-}
-
-Labels LabelsOf(const std::optional<Error>& error) {
-    return error ? ReadDescription(error->Description()).labels : Labels{"nothing raised"};
 }
 
 // Init

@@ -16,16 +16,13 @@ using LumoConnection::Script;
 using test_support::ExpectFailures;
 using test_support::kNotOk;
 using test_support::kRaises;
+using test_support::LabelsOf;
 using test_support::RaisedBy;
 
 using Labels = std::vector<std::string>;
 using Texts = std::vector<Text>;
 
 const std::string kLabel = " LumoSeminar.clsTerminVeranstaltungsOrt.Init";
-
-Labels LabelsOf(const std::optional<Error>& error) {
-    return error ? ReadDescription(error->Description()).labels : Labels{"nothing raised"};
-}
 
 Texts TextsOf(clsTerminVeranstalter& o) {
     return {o.Name(),           o.PLZ(),   o.Ort(), o.Strasse(),      o.Ansprechpartner(), o.Telefon(), o.Fax(),
