@@ -6,12 +6,21 @@
 
 #include "frontend/files.h"
 #include "frontend/output/screen_text.h"
+#include "frontend/schema_folder.h"
 
 namespace frontend {
 
 using namespace LumoSeminar;
 
 Script ReadScript(const std::filesystem::path& path) { return {path, LumoConnection::SplitBatches(ReadFile(path))}; }
+
+std::vector<Script> SchemaScripts() {
+    return {ReadScript(SchemaFolder() / "schema.sql"), ReadScript(SchemaFolder() / "process.sql")};
+}
+
+std::vector<Script> SampleScripts() {
+    return {ReadScript(SchemaFolder() / "sample.sql"), ReadScript(SchemaFolder() / "process_sample.sql")};
+}
 
 std::vector<Text> CreatedTables(const Script& script) {
     constexpr std::string_view kHead = "create table ";

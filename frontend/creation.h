@@ -23,6 +23,12 @@ struct Script {
 
 Script ReadScript(const std::filesystem::path& path);
 
+/// The files of the schema folder that create the tables: those of the library, then those of the process objects.
+std::vector<Script> SchemaScripts();
+
+/// Those that fill them with the sample.
+std::vector<Script> SampleScripts();
+
 /// The names behind the lines that begin with CREATE TABLE, in order.
 std::vector<LumoSeminar::Text> CreatedTables(const Script& script);
 

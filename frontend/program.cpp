@@ -45,7 +45,7 @@ constexpr const char* kFooter =
     "Exit codes: 0 done, 1 refused or with findings, 2 wrong usage.\n"
     "\n"
     "Environment: LUMOSEMINAR_CONNECT and LUMOSEMINAR_PASSWORD stand in for --connect\n"
-    "and --password, LUMOSEMINAR_SCHEMA names the folder of schema.sql and sample.sql,\n"
+    "and --password, LUMOSEMINAR_SCHEMA names the folder of schema.sql and the like,\n"
     "NO_COLOR turns colours off.";
 
 }  // namespace

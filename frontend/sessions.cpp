@@ -36,11 +36,11 @@ OpenedSession OpenSession(const Login& login, MissingFile missing_file, LumoConn
     if (missing_file == MissingFile::kRefuse && file != ":memory:" && !std::filesystem::exists(file)) {
         Raise(kFileNotRead, "There is no database file " + OneLine(file) + "; the command init creates it.");
     }
-    LumoConnection::Install(login.user, login.password);
     OpenedSession opened;
     opened.embedded = New<LumoConnection::EmbeddedSession>();
     opened.session = opened.embedded;
     if (watcher) opened.session = New<LumoConnection::TracingSession>(opened.session, std::move(watcher));
+    LumoConnection::Install({.user = login.user, .password = login.password, .session = opened.session});
     if (!opened.session->Connect(login.connection_text, login.user, login.password, kTimeout)) {
         RaiseRefused(opened.session->LastErrorText());
     }

@@ -25,9 +25,10 @@ struct OpenedSession {
 
 enum class MissingFile { kCreate, kRefuse };
 
-/// Opens a session, with a watcher in front of it where one is given; what is entered from then on is entered by the
-/// user of the login, otherwise by that of the operating system. Raises 9999 where it cannot be opened, 53 where
-/// the file is missing and not to be created, 429 for a connection text that no component is for.
+/// Opens a session, with a watcher in front of it where one is given. The process objects work on it, and what is
+/// entered from then on is entered by the user of the login, otherwise by that of the operating system. Raises 9999
+/// where it cannot be opened, 53 where the file is missing and not to be created, 429 for a connection text that no
+/// component is for.
 OpenedSession OpenSession(const Login& login, MissingFile missing_file, LumoConnection::TraceCallback watcher = {});
 
 /// A watcher that puts each call on standard error: kind, time, rows, statement.

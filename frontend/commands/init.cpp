@@ -8,7 +8,6 @@
 #include "frontend/exit_codes.h"
 #include "frontend/output/progress.h"
 #include "frontend/program.h"
-#include "frontend/schema_folder.h"
 
 namespace frontend {
 
@@ -23,8 +22,8 @@ struct InitOptions {
 };
 
 std::vector<Script> ReadSchema(const InitOptions& options) {
+    if (options.schema.empty()) return SchemaScripts();
     std::vector<Script> scripts;
-    if (options.schema.empty()) scripts.push_back(ReadScript(SchemaFolder() / "schema.sql"));
     for (const auto& file : options.schema) scripts.push_back(ReadScript(file));
     return scripts;
 }
@@ -70,7 +69,9 @@ int Init(Context& context, const InitOptions& options) {
         return kRefused;
     }
     for (const auto& script : schema) RunWithProgress(session, script, options.force);
-    if (options.sample) RunWithProgress(session, ReadScript(SchemaFolder() / "sample.sql"), false);
+    if (options.sample) {
+        for (const auto& script : SampleScripts()) RunWithProgress(session, script, false);
+    }
 
     const auto tables = ExistingTables(session, names);
     Sheet sheet{{"Table", "Rows"}, {}};
@@ -89,7 +90,9 @@ void AddInit(Program& program) {
     const auto options = std::make_shared<InitOptions>();
     command->add_flag("--sample", options->sample, "Fill the tables with the sample: a training department of two clients");
     command
-        ->add_option("--schema", options->schema, "Run these files of T-SQL (batches parted by GO lines) in place of schema.sql")
+        ->add_option("--schema", options->schema,
+                     "Run these files of T-SQL (batches parted by GO lines) in place of schema.sql and "
+                     "process.sql")
         ->type_name("FILE")
         ->check(FileThatExists());
     command->add_flag("--force", options->force,

@@ -16,15 +16,17 @@ TEST_F(Cli, InitCreatesTheTables) {
                                      "OpactMD                           0\n"
                                      "optionen_database_dt              0\n"
                                      "Sem_Katalog_IT                    0\n"));
-    EXPECT_EQ(Lines(done.out), 33U);
-    EXPECT_THAT(done.err, ContainsRegex("^schema.sql: ([0-9]+) of ([0-9]+) batches done\n31 tables, 0 rows\n$"));
+    EXPECT_EQ(Lines(done.out), 36U);
+    EXPECT_THAT(
+        done.err,
+        ContainsRegex("^schema.sql: ([0-9]+) of ([0-9]+) batches done\nprocess.sql: 3 of 3 batches done\n34 tables, 0 rows\n$"));
 }
 
 TEST_F(Cli, InitWithSampleFillsThem) {
     const auto done = Run({"init", "--sample", "--format", "json"});
     EXPECT_EQ(done.code, 0) << done.err;
     const auto tables = json::parse(done.out);
-    ASSERT_EQ(tables.size(), 31U);
+    ASSERT_EQ(tables.size(), 34U);
     for (const auto& table : tables) EXPECT_GT(table["Rows"], 0) << table["Table"];
     EXPECT_EQ(tables[2]["Table"], "Sem_Katalog_IT");
     EXPECT_EQ(tables[2]["Rows"], RowCount());
@@ -37,7 +39,7 @@ TEST_F(Cli, InitRefusesWhereTablesAreThere) {
     const auto again = Run({"init", "--sample"});
     EXPECT_EQ(again.code, 1);
     EXPECT_EQ(again.out, "");
-    EXPECT_THAT(again.err, ContainsRegex("^lumoseminar: 31 of the 31 tables are there already, with ([0-9]+) rows. Nothing was "
+    EXPECT_THAT(again.err, ContainsRegex("^lumoseminar: 34 of the 34 tables are there already, with ([0-9]+) rows. Nothing was "
                                          "changed.\n--force adds what is missing; it drops nothing.\n$"));
     EXPECT_EQ(RowCount(), before);
 
@@ -67,7 +69,8 @@ TEST_F(Cli, InitNamesTheBatchThatIsRefused) {
 
 TEST_F(Cli, InitTakesTheSchemaFolderFromTheEnvironment) {
     WriteAll(folder_ / "schema.sql", "CREATE TABLE Other (A int NOT NULL)\n");
-    EXPECT_EQ(Run({"init", "--format", "csv"}, {}, "LUMOSEMINAR_SCHEMA=.").out, "Table,Rows\nOther,0\n");
+    WriteAll(folder_ / "process.sql", "CREATE TABLE Another (A int NOT NULL)\n");
+    EXPECT_EQ(Run({"init", "--format", "csv"}, {}, "LUMOSEMINAR_SCHEMA=.").out, "Table,Rows\nOther,0\nAnother,0\n");
     const auto missing = Run({"init"}, {}, "LUMOSEMINAR_SCHEMA=nosuch");
     EXPECT_EQ(missing.code, 1);
     EXPECT_EQ(missing.err, "lumoseminar: error 53: The file \"nosuch/schema.sql\" cannot be read: No such file or directory.\n");

@@ -4,7 +4,6 @@
 #include "frontend/creation.h"
 #include "frontend/exit_codes.h"
 #include "frontend/program.h"
-#include "frontend/schema_folder.h"
 #include "frontend/sessions.h"
 #include "frontend/tour/chapters.h"
 #include "frontend/tour/ground.h"
@@ -27,6 +26,7 @@ class Tour {
         WalkCatalogue(ground_);
         WalkScheduling(ground_);
         WalkEnrolment(ground_);
+        WalkApproval(ground_);
         page_.End();
     }
 
@@ -34,8 +34,8 @@ class Tour {
     void Connect() {
         const bool fresh = !options_.connect;
         const Login login{options_.connect.value_or(kFreshDatabase), options_.user, options_.password};
-        page_.Step("Connect", fresh ? "The tour makes a database of its own in memory. The tables come from schema.sql, the rows from "
-                                      "sample.sql: T-SQL, the same files as for the server."
+        page_.Step("Connect", fresh ? "The tour makes a database of its own in memory. The tables come from schema.sql and process.sql, "
+                                      "the rows from their samples: T-SQL, the same files as for the server."
                                     : "The tour walks on the database that it was given. Where it finds no tables it makes them and "
                                       "fills in the sample. What it adds it removes again.");
         const auto trace = options_.trace ? TraceToStandardError() : nullptr;
@@ -46,11 +46,18 @@ class Tour {
             };
             ground_.session = OpenSession(login, MissingFile::kCreate, watcher).session;
         });
-        const Script schema = ReadScript(SchemaFolder() / "schema.sql");
-        const auto names = CreatedTables(schema);
-        if (ExistingTables(ground_.session, names).empty()) {
-            Run(schema);
-            Run(ReadScript(SchemaFolder() / "sample.sql"));
+        std::vector<Text> names;
+        std::size_t created = 0;
+        const auto schema = SchemaScripts();
+        for (const auto& script : schema) {
+            const auto of_script = CreatedTables(script);
+            names.insert(names.end(), of_script.begin(), of_script.end());
+            if (!ExistingTables(ground_.session, of_script).empty()) continue;
+            Run(script);
+            ++created;
+        }
+        if (created == schema.size()) {
+            for (const auto& script : SampleScripts()) Run(script);
         }
         const auto tables = ExistingTables(ground_.session, names);
         std::int64_t rows = 0;

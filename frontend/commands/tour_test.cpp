@@ -27,12 +27,14 @@ TEST_F(Cli, TourRunsAnywhereAndComesOutAsTold) {
     const auto done = Run({"tour"});
     EXPECT_EQ(done.code, 0) << done.out << done.err;
     EXPECT_EQ(done.err, "");
-    EXPECT_THAT(done.out, EndsWith("\nAll 23 steps came out as told.\n"));
+    EXPECT_THAT(done.out, EndsWith("\nAll 33 steps came out as told.\n"));
     EXPECT_THAT(
         done.out,
         HasSubstr("call       list->Init(1, session)\n   statement  SELECT SemID FROM Sem_Katalog_IT WHERE (MDNr = 1 or MDNR = -1)\n"));
     EXPECT_THAT(done.out, HasSubstr("raised     error 9999: "));
     EXPECT_THAT(done.out, HasSubstr("LumoSeminar062.clsSeminar.WriteToDatabase\n"));
+    EXPECT_THAT(done.out, HasSubstr("   Employee  Name           Came by   Before  After\n"));
+    EXPECT_THAT(done.out, HasSubstr("\n             places free              2       0\n"));
     EXPECT_THAT(done.out, Not(HasSubstr("NOT AS TOLD")));
     EXPECT_LE(WidestLine(done.out), 80U);
     EXPECT_FALSE(fs::exists(folder_ / "lumoseminar.db"));
@@ -40,12 +42,28 @@ TEST_F(Cli, TourRunsAnywhereAndComesOutAsTold) {
 
 TEST_F(Cli, TourLeavesAGivenDatabaseAsItWas) {
     UseSample();
-    const auto before = Run({"sql", "select * from Sem_Katalog_IT order by SemID", "--format", "csv"}).out;
+    const auto everything = [this] {
+        std::string rows = Run({"tables", "--format", "csv"}).out;
+        for (const char* table :
+             {"Sem_Katalog_IT", "Sem_Warteliste_IT", "AN_WBBedarf_IT", "Sem_ProzessSchritt_IT", "Sem_ProzessRecht_IT"}) {
+            rows += Run({"sql", std::string("select * from ") + table + " order by 1, 2, 3", "--format", "csv"}).out;
+        }
+        return rows;
+    };
+    const auto before = everything();
     for (const char* client : {"1", "2"}) {
         const auto done = Run({"tour", "--connect", "Provider=Embedded;Data Source=lumoseminar.db", "--client", client});
         EXPECT_EQ(done.code, 0) << done.out << done.err;
     }
-    EXPECT_EQ(Run({"sql", "select * from Sem_Katalog_IT order by SemID", "--format", "csv"}).out, before);
+    EXPECT_EQ(everything(), before);
+}
+
+TEST_F(Cli, TourMakesTheTablesOfTheProcessObjectsWhereOnlyTheyAreMissing) {
+    const auto schema = fs::path(LUMOSEMINAR_SCHEMA_SOURCE);
+    ASSERT_EQ(Run({"init", "--schema", (schema / "schema.sql").string(), (schema / "sample.sql").string()}).code, 0);
+    const auto done = Run({"tour", "--connect", "Provider=Embedded;Data Source=lumoseminar.db"});
+    EXPECT_EQ(done.code, 0) << done.out << done.err;
+    EXPECT_EQ(Run({"sql", "select count(*) as n from Sem_ProzessSchritt_IT", "--format", "csv"}).out, "n\n0\n");
 }
 
 TEST_F(Cli, TourFillsAnEmptyDatabase) {
@@ -60,7 +78,9 @@ TEST_F(Cli, TourFindsOutWhatIsNotAsTold) {
     ASSERT_NE(schema.find(column), std::string::npos);
     schema.replace(schema.find(column), column.size(), "Stunden int NULL");
     WriteAll(folder_ / "schema.sql", schema);
-    fs::copy_file(fs::path(LUMOSEMINAR_SCHEMA_SOURCE) / "sample.sql", folder_ / "sample.sql");
+    for (const char* file : {"process.sql", "sample.sql", "process_sample.sql"}) {
+        fs::copy_file(fs::path(LUMOSEMINAR_SCHEMA_SOURCE) / file, folder_ / file);
+    }
     const auto done = Run({"tour"}, {}, "LUMOSEMINAR_SCHEMA=.");
     EXPECT_EQ(done.code, 1) << done.err;
     EXPECT_THAT(done.out, HasSubstr("outcome    true: another object reads 7 hours\n              THIS IS NOT AS TOLD.\n"));

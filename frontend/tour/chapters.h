@@ -8,5 +8,6 @@ struct TourGround;
 void WalkCatalogue(TourGround& ground);
 void WalkScheduling(TourGround& ground);
 void WalkEnrolment(TourGround& ground);
+void WalkApproval(TourGround& ground);
 
 }  // namespace frontend

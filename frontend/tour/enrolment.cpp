@@ -7,6 +7,7 @@
 #include "frontend/output/findings.h"
 #include "frontend/tour/chapters.h"
 #include "frontend/tour/ground.h"
+#include "frontend/tour/tour_dates.h"
 
 namespace frontend {
 
@@ -58,27 +59,12 @@ class EnrolmentChapter {
         page_.Call(
             "first and second: Init(0, session), SemID, MaxTeil(1), WriteToDatabase, BeginnDatum, WriteToDatabase",
             [&] {
-                for (const auto& date : {first_, second_}) Plan(*date);
+                PlanTourDate(*first_, session_, client_, seminar_, "TOUR-1", 1);
+                PlanTourDate(*second_, session_, client_, seminar_, "TOUR-2", 1);
             },
             [&] { return fmt::format("{}", page_.Sent()); });
         page_.Outcome(first_->SemTerminID() != second_->SemTerminID() && first_->EndeDatum() == second_->EndeDatum(),
                       fmt::format("dates {} and {}", first_->SemTerminID(), second_->SemTerminID()));
-    }
-
-    void Plan(clsTermin& date) {
-        date.Init(0, session_);
-        date.SemID(seminar_);
-        date.Code(fmt::format("TOUR-{}", &date == first_.Get() ? 1 : 2));
-        date.MDNR(client_);
-        date.MaxTeil(1);
-        date.SerienID(0);
-        date.Sitzungen(1);
-        date.KostenProTN(Money(120));
-        date.BeginnUhrzeit(DateTime::TimeOfDay(9, 0));
-        date.EndeUhrzeit(DateTime::TimeOfDay(17, 0));
-        date.WriteToDatabase();
-        date.BeginnDatum(DateTime::Of(2027, 4, 5));
-        date.WriteToDatabase();
     }
 
     void MeetPerson() {
@@ -152,7 +138,7 @@ class EnrolmentChapter {
         page_.Call(
             fmt::format("another record: ->ANNr({}), ->WriteToDatabase(user)", other_key_),
             [&] { Write(*first_, record); }, [&] { return fmt::format("{}", page_.Sent()); });
-        const auto fresh = Fresh(*first_);
+        const auto fresh = Fresh(*first_, session_);
         page_.Outcome(fresh->AnzAnmeldungen() == 2 && fresh->AnzFreiePlaetze() == -1,
                       fmt::format("{} enrolled, {} places free", fresh->AnzAnmeldungen(), fresh->AnzFreiePlaetze()));
     }
@@ -174,16 +160,10 @@ class EnrolmentChapter {
             record_->StornoTeilnehmerInWarteliste();
         });
         if (ground_.LargestKey("SemWarteListeID", "Sem_Warteliste_IT") == largest + 1) entry_ = largest + 1;
-        const auto fresh = Fresh(*first_);
+        const auto fresh = Fresh(*first_, session_);
         page_.Outcome(record_->TeilnehmerKosten() == 25 && ground_.CountRows("Sem_WartelisteSem_IT") == before + 1 &&
                           fresh->AnzFreiePlaetze() == 0,
                       fmt::format("one entry more, {} places free", fresh->AnzFreiePlaetze()));
-    }
-
-    Ref<clsTermin> Fresh(clsTermin& date) {
-        auto fresh = New<clsTermin>();
-        fresh->Init(date.SemTerminID(), session_);
-        return fresh;
     }
 
     void RemoveAll() {
@@ -192,15 +172,7 @@ class EnrolmentChapter {
                 session_->ExecuteSql(fmt::format("DELETE FROM {} WHERE SemWarteListeID = {}", table, entry_));
             }
         }
-        for (const auto& date : {first_, second_}) {
-            if (date->SemTerminID() == 0) continue;
-            for (const auto& record : Fresh(*date)->clscolTeilnehmer()->NewEnum()) {
-                for (const auto& cost : record->objKosten()->NewEnum()) cost->DeleteFromDatabase();
-            }
-            const auto days = date->colTerminTage();
-            for (const auto& day : days->NewEnum()) days->Remove(day->Key());
-            Fresh(*date)->DeleteFromDatabase();
-        }
+        for (const auto& date : {first_, second_}) RemoveTourDate(*date, session_);
     }
 
     TourGround& ground_;

@@ -1,0 +1,70 @@
+#include <fmt/format.h>
+
+#include <memory>
+#include <string>
+
+#include "frontend/commands/commands.h"
+#include "frontend/commands/lists.h"
+#include "frontend/commands/persons.h"
+#include "frontend/exit_codes.h"
+#include "frontend/output/counted.h"
+#include "frontend/output/findings.h"
+#include "frontend/program.h"
+#include "frontend/read_value.h"
+
+namespace frontend {
+
+using namespace LumoSeminar;
+
+namespace {
+
+struct CheckOptions {
+    std::string date;
+    std::string person;
+    std::string kind;
+    bool no_check_seminar = false;
+    bool no_check_taken = false;
+    bool no_check_prerequisites = false;
+    bool german = false;
+};
+
+int Check(Context& context, const CheckOptions& options) {
+    const Int32 date = ReadInt32("DATE", options.date);
+    const Int32 key = ReadInt32("PERSON", options.person);
+    const auto kind = ReadKind(options.kind);
+    DateOf(context, date);
+    const auto person = PersonOf(context, key, kind);
+    const auto findings =
+        person->TeilnahmePruefen(date, !options.no_check_seminar, !options.no_check_taken, !options.no_check_prerequisites);
+    const auto language = options.german ? Language::kGerman : Language::kEnglish;
+    Sheet sheet{{"ErrID", "Finding"}, {}};
+    for (const auto& finding : findings->NewEnum()) {
+        sheet.rows.push_back({finding->ErrID(), FindingText(*finding, language)});
+    }
+    context.Print(sheet);
+    context.Note(Counted(sheet.rows.size(), "finding") + ", looked for without a client");
+    return sheet.rows.empty() ? kDone : kRefused;
+}
+
+}  // namespace
+
+void AddCheck(Program& program) {
+    auto* command = program.AddCommand("check", "Tell what speaks against a person's request for a date");
+    const auto options = std::make_shared<CheckOptions>();
+    command->add_option("DATE", options->date, "SemTerminID of the date")->required()->type_name("N");
+    command->add_option("PERSON", options->person, "Number of the employee, key of the applicant or temporary worker")
+        ->required()
+        ->type_name("N");
+    AddKindOption(command, options->kind);
+    command->add_flag("--no-check-seminar", options->no_check_seminar, "Do not look for open dates of the same seminar");
+    command->add_flag("--no-check-taken", options->no_check_taken, "Do not look whether the seminar was taken before");
+    command->add_flag("--no-check-prerequisites", options->no_check_prerequisites, "Do not look at prerequisites");
+    command->add_flag("--german", options->german, "Tell the findings in German");
+    command->footer(
+        "Nothing is written, and approve does not ask for it. The checks are not told the client: of an employee they find\n"
+        "only what is entered without one. Of anybody else they are not told the person either, and take each participant\n"
+        "of the date for it. participants enrol checks with both, before it writes.");
+    program.OnCommand(command, [&program, options] { return Check(program.Work(), *options); });
+}
+
+}  // namespace frontend

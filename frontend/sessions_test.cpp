@@ -1,0 +1,43 @@
+#include "frontend/sessions.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "frontend/creation.h"
+
+namespace frontend {
+namespace {
+
+using namespace LumoSeminar;
+
+TEST(OpenSession, TheProcessObjectsWorkOnItAlsoInMemory) {
+    std::vector<std::string> inserted;
+    const auto watcher = [&](const LumoConnection::TracedCall& call) {
+        if (call.statement.starts_with("INSERT INTO Sem_Prozess")) inserted.push_back(call.statement);
+    };
+    const auto session = OpenSession({"Provider=Embedded;Data Source=:memory:", "", ""}, MissingFile::kRefuse, watcher).session;
+    RunScript(session, ReadScript(LUMOSEMINAR_SCHEMA_SOURCE "/process.sql"), [] {});
+    MakeInfoStarter()->Starten(8, 57, 11);
+    const auto process = MakeInfoDispatcher();
+    process->Initialisieren(8, 57, 1, 130);
+    EXPECT_EQ(process->ProzessStatusText(), "Stufe 1 von 2: Entscheidung durch Vorgesetzte");
+    EXPECT_EQ(inserted.size(), 1U) << "the watcher sees the process too";
+}
+
+TEST(OpenSession, TheLaterOneCounts) {
+    const auto Open = [] {
+        const auto session = OpenSession({"Provider=Embedded;Data Source=:memory:", "", ""}, MissingFile::kRefuse).session;
+        RunScript(session, ReadScript(LUMOSEMINAR_SCHEMA_SOURCE "/process.sql"), [] {});
+        return session;
+    };
+    const auto earlier = Open();
+    const auto later = Open();
+    MakeInfoStarter()->Starten(7, 1, 11);
+    EXPECT_EQ(To<Int32>(earlier->LookupValue("count(*)", "Sem_ProzessSchritt_IT", "")), 0);
+    EXPECT_EQ(To<Int32>(later->LookupValue("count(*)", "Sem_ProzessSchritt_IT", "")), 1);
+}
+
+}  // namespace
+}  // namespace frontend
