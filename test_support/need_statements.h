@@ -16,7 +16,8 @@
 /// For tests: the statements of a training need as they are sent, rows of it, and its properties.
 namespace LumoSeminar::need_statements {
 
-using Labels = std::vector<std::string>;
+using test_support::Labels;
+using test_support::LabelsOf;
 
 inline const std::string kLabelOfLoad = " in LumoSeminar.IsInitialized";
 inline const std::string kLabelOfWrite = " in LumoSeminar.WriteToDatabase";

@@ -23,7 +23,8 @@
 /// For tests: the statements of a participant as they are sent, rows of it, its properties, and ways to get a record.
 namespace LumoSeminar::participant_statements {
 
-using Labels = std::vector<std::string>;
+using test_support::Labels;
+using test_support::LabelsOf;
 
 inline const std::string kLabel = " LumoSeminar062.clsTeilnehmer.";
 

@@ -125,7 +125,8 @@ inline void LetAllColumns(clsTermin& date, Variant Property::*value) {
     Sitzungen().let(date, Sitzungen().*value);
 }
 
-using Labels = std::vector<std::string>;
+using test_support::Labels;
+using test_support::LabelsOf;
 
 inline Ref<clsTermin> Bound(const Ref<DataSession>& session, Int32 key) {
     auto date = New<clsTermin>();

@@ -18,10 +18,10 @@ namespace {
 
 using namespace check_statements;
 using LumoConnection::Script;
-using participant_statements::LabelsOf;
 using test_support::ExpectFailures;
 using test_support::kNotOk;
 using test_support::kRaises;
+using test_support::LabelsOf;
 using test_support::RaisedBy;
 using test_support::Rows;
 using test_support::SchemaDatabase;

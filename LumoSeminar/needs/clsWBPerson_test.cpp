@@ -19,11 +19,11 @@ using namespace person_statements;
 using LumoConnection::Script;
 using participant_statements::FullRow;
 using participant_statements::Labels;
-using participant_statements::LabelsOf;
 using participant_statements::ScriptRecord;
 using test_support::ExpectFailures;
 using test_support::kNotOk;
 using test_support::kRaises;
+using test_support::LabelsOf;
 using test_support::RaisedBy;
 
 using clsWBPersonTest = participant_statements::ParticipantTest;

@@ -20,7 +20,7 @@ namespace LumoSeminar {
 namespace {
 
 using need_statements::Bound;
-using need_statements::LabelsOf;
+using test_support::LabelsOf;
 using test_support::RaisedBy;
 using test_support::Rows;
 using test_support::Select;

@@ -21,16 +21,30 @@ using namespace approval_steps;
 using namespace process_calls;
 using need_statements::kLabelOfApproval;
 using need_statements::Labels;
-using need_statements::LabelsOf;
 using person_statements::PersonOf;
 using test_support::ExpectedFailure;
 using test_support::ExpectFailures;
 using test_support::kNotOk;
 using test_support::kRaises;
+using test_support::LabelsOf;
 using test_support::RaisedBy;
 namespace costs = cost_statements;
 namespace dates = termin_statements;
 namespace entries = waitlist_statements;
+
+// The approval of a person for a date that costs something, up to the question for the cost centre.
+void ScriptUntilCostCentre(Script& script) {
+    ScriptApproved(script);
+    ScriptPerson(script);
+    ScriptDate(script, {}, dates::FullRow());
+    ScriptNewParticipant(script);
+}
+
+void ScriptUntilCostType(Script& script) {
+    ScriptUntilCostCentre(script);
+    ScriptCostCentre(script, {{4110}});
+    ScriptNewLine(script);
+}
 
 using PersonApprovalCostsTest = ProcessTest;
 
@@ -40,10 +54,7 @@ const Variant kNull = Variant::Null();
 
 TEST_F(PersonApprovalCostsTest, ADateThatCostsMakesACostLineForTheCostCentreOfThePerson) {
     Script script;
-    ScriptApproved(script);
-    ScriptPerson(script);
-    ScriptDate(script, {}, dates::FullRow());
-    ScriptNewParticipant(script);
+    ScriptUntilCostCentre(script);
     script
         .OpenSelect(
             "Select Kost from ANKOst_LV where MDNR = 5 and ANNR = 45 and (GueltigAB <= '05.03.2010' AND (GueltigBis "
@@ -77,10 +88,7 @@ TEST_F(PersonApprovalCostsTest, ACostCentreOfZeroGoesOnAndSoDoesAnEmptyOrRefused
     } cases[] = {{{{0}}, false}, {{{kNull}}, false}, {{}, false}, {{}, true}};
     for (const auto& c : cases) {
         Script script;
-        ScriptApproved(script);
-        ScriptPerson(script);
-        ScriptDate(script, {}, dates::FullRow());
-        ScriptNewParticipant(script);
+        ScriptUntilCostCentre(script);
         if (c.refused) {
             script.OpenSelect(entries::SelectCostCentre(5, 45, "03.03.2010", "05.03.2010")).Refused("time-out");
         } else {
@@ -98,10 +106,7 @@ TEST_F(PersonApprovalCostsTest, ACostCentreOfZeroGoesOnAndSoDoesAnEmptyOrRefused
 
 TEST_F(PersonApprovalCostsTest, ACostCentreOfMinusOneMakesNoCostLine) {
     Script script;
-    ScriptApproved(script);
-    ScriptPerson(script);
-    ScriptDate(script, {}, dates::FullRow());
-    ScriptNewParticipant(script);
+    ScriptUntilCostCentre(script);
     ScriptCostCentre(script, {{-1}});
     ScriptFreeInsert(script);
     EXPECT_EQ(Approve(script), true);
@@ -111,12 +116,7 @@ TEST_F(PersonApprovalCostsTest, ACostCentreOfMinusOneMakesNoCostLine) {
 TEST_F(PersonApprovalCostsTest, ACostTypeThatIsMissingIsMadeAndLookedUpAgain) {
     for (const Variant& first : {kNull, Variant(0)}) {
         Script script;
-        ScriptApproved(script);
-        ScriptPerson(script);
-        ScriptDate(script, {}, dates::FullRow());
-        ScriptNewParticipant(script);
-        ScriptCostCentre(script, {{4110}});
-        ScriptNewLine(script);
+        ScriptUntilCostType(script);
         ScriptCostType(script).Gives(first);
         script.ExecuteSql(
             "Insert Into sysIData_KostenArten (KostenArten_ID,KostenArten)  Select isnull(Max(KostenArten_ID),0) +1, "
@@ -132,12 +132,7 @@ TEST_F(PersonApprovalCostsTest, ACostTypeThatIsMissingIsMadeAndLookedUpAgain) {
 
 TEST_F(PersonApprovalCostsTest, WhereTheCostTypesAreUsedUpTheSecondLookupIsNullAndRaisesAndTheParticipantIsNotWritten) {
     Script script;
-    ScriptApproved(script);
-    ScriptPerson(script);
-    ScriptDate(script, {}, dates::FullRow());
-    ScriptNewParticipant(script);
-    ScriptCostCentre(script, {{4110}});
-    ScriptNewLine(script);
+    ScriptUntilCostType(script);
     ScriptCostType(script);
     script.ExecuteSql(costs::kInsertCostType).Ok();
     ScriptCostType(script);
@@ -150,12 +145,7 @@ TEST_F(PersonApprovalCostsTest, WhereTheCostTypesAreUsedUpTheSecondLookupIsNullA
 
 TEST_F(PersonApprovalCostsTest, ACostTypeThatIsRefusedRaises9999AndTheParticipantIsNotWritten) {
     Script script;
-    ScriptApproved(script);
-    ScriptPerson(script);
-    ScriptDate(script, {}, dates::FullRow());
-    ScriptNewParticipant(script);
-    ScriptCostCentre(script, {{4110}});
-    ScriptNewLine(script);
+    ScriptUntilCostType(script);
     ScriptCostType(script);
     script.ExecuteSql(costs::kInsertCostType).Refused("Die Tabelle ist gesperrt.");
     const auto error = RaisedBy([&] { return Approve(script); });
@@ -168,12 +158,7 @@ TEST_F(PersonApprovalCostsTest, ACostTypeThatIsRefusedRaises9999AndTheParticipan
 TEST_F(PersonApprovalCostsTest, WhatRaisesWhileTheCostTypeIsMadeHasTheLabelOfTheApprovalAlone) {
     for (const bool insert : {true, false}) {
         Script script;
-        ScriptApproved(script);
-        ScriptPerson(script);
-        ScriptDate(script, {}, dates::FullRow());
-        ScriptNewParticipant(script);
-        ScriptCostCentre(script, {{4110}});
-        ScriptNewLine(script);
+        ScriptUntilCostType(script);
         ScriptCostType(script);
         const auto made = script.ExecuteSql(costs::kInsertCostType);
         if (insert) {

@@ -22,7 +22,6 @@ namespace {
 
 using LumoConnection::Script;
 using need_statements::Labels;
-using need_statements::LabelsOf;
 using person_statements::PersonOf;
 using process_calls::Connected;
 using process_calls::Install;
@@ -31,6 +30,7 @@ using process_calls::StepsBehind;
 using test_support::ExpectFailures;
 using test_support::kNotOk;
 using test_support::kRaises;
+using test_support::LabelsOf;
 using test_support::RaisedBy;
 namespace entries = waitlist_statements;
 namespace needs = need_statements;

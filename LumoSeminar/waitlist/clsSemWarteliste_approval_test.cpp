@@ -22,11 +22,11 @@ namespace {
 using namespace waitlist_statements;
 using LumoConnection::Script;
 using participant_statements::Labels;
-using participant_statements::LabelsOf;
 using termin_statements::With;
 using test_support::ExpectFailures;
 using test_support::kNotOk;
 using test_support::kRaises;
+using test_support::LabelsOf;
 using test_support::RaisedBy;
 namespace costs = cost_statements;
 namespace dates = termin_statements;

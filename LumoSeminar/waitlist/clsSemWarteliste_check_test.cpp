@@ -17,10 +17,10 @@ namespace {
 
 using LumoConnection::Script;
 using participant_statements::Labels;
-using participant_statements::LabelsOf;
 using test_support::ExpectFailures;
 using test_support::kNotOk;
 using test_support::kRaises;
+using test_support::LabelsOf;
 using test_support::RaisedBy;
 using waitlist_statements::Bound;
 using waitlist_statements::Rows;

@@ -19,11 +19,11 @@ using namespace waitlist_statements;
 using LumoConnection::Script;
 using participant_statements::kNow;
 using participant_statements::Labels;
-using participant_statements::LabelsOf;
 using termin_statements::With;
 using test_support::ExpectFailures;
 using test_support::kNotOk;
 using test_support::kRaises;
+using test_support::LabelsOf;
 using test_support::RaisedBy;
 
 /// The moment is pinned to 02.03.2010 17:45:09.

@@ -20,10 +20,10 @@ namespace {
 using namespace waitlist_statements;
 using LumoConnection::Script;
 using participant_statements::Labels;
-using participant_statements::LabelsOf;
 using test_support::ExpectFailures;
 using test_support::kNotOk;
 using test_support::kRaises;
+using test_support::LabelsOf;
 using test_support::RaisedBy;
 using Keys = std::vector<Text>;
 

@@ -20,7 +20,7 @@ using check_statements::FindingsOf;
 using participant_statements::kToday;
 using participant_statements::kUser;
 using participant_statements::Labels;
-using participant_statements::LabelsOf;
+using test_support::LabelsOf;
 using test_support::RaisedBy;
 using test_support::Rows;
 using test_support::Select;

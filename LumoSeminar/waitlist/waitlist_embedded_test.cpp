@@ -21,7 +21,7 @@ namespace {
 
 using participant_statements::kNow;
 using participant_statements::Labels;
-using participant_statements::LabelsOf;
+using test_support::LabelsOf;
 using test_support::RaisedBy;
 using test_support::Rows;
 using test_support::Select;
