@@ -2,6 +2,7 @@
 
 #include <LumoSeminar/catalogue/focus_areas.h>
 #include <LumoSeminar/catalogue/target_groups.h>
+#include <LumoSeminar/frame/made_once.h>
 #include <LumoSeminar/frame/session_calls.h>
 #include <LumoSeminar/frame/statement.h>
 #include <LumoSeminar/frame/text_form.h>
@@ -82,49 +83,33 @@ Text clsSeminar::Key() try { return KeyText(row_.SemID); } catch (...) {
 }
 
 Ref<LumoSeminar::colTermine> clsSeminar::colTermine() try {
-    if (!colTermine_ && PropertiesInit()) {
-        colTermine_ = New<LumoSeminar::colTermine>();
-        colTermine_->Init(row_.SemID, row_.MDNr, session_);
-    }
-    return colTermine_;
+    if (!colTermine_ && !PropertiesInit()) return {};
+    return MadeOnce(colTermine_, [&](auto& made) { made.Init(row_.SemID, row_.MDNr, session_); });
 } catch (...) {
     RaiseLabelled(" LumoSeminar062.clsSeminar.Termine");
 }
 
 Ref<LumoSeminar::colSemSchwerpunkte> clsSeminar::colSemSchwerpunkte() try {
-    if (!colSemSchwerpunkte_ && PropertiesInit()) {
-        colSemSchwerpunkte_ = New<LumoSeminar::colSemSchwerpunkte>();
-        colSemSchwerpunkte_->Init(row_.SemID, session_);
-    }
-    return colSemSchwerpunkte_;
+    if (!colSemSchwerpunkte_ && !PropertiesInit()) return {};
+    return MadeOnce(colSemSchwerpunkte_, [&](auto& made) { made.Init(row_.SemID, session_); });
 } catch (...) {
     RaiseLabelled(" LumoSeminar062.clsSeminar.SemSchwerpunkte");
 }
 
 Ref<LumoSeminar::colSemZielgruppen> clsSeminar::colSemZielgruppen() try {
-    if (!colSemZielgruppen_ && PropertiesInit()) {
-        colSemZielgruppen_ = New<LumoSeminar::colSemZielgruppen>();
-        colSemZielgruppen_->Init(row_.SemID, session_);
-    }
-    return colSemZielgruppen_;
+    if (!colSemZielgruppen_ && !PropertiesInit()) return {};
+    return MadeOnce(colSemZielgruppen_, [&](auto& made) { made.Init(row_.SemID, session_); });
 } catch (...) {
     RaiseLabelled(" LumoSeminar.clsSeminar.colSemZielgruppen");
 }
 
 Ref<colSemWarteliste> clsSeminar::colInteressentenliste() {
-    if (!colInteressentenliste_ && PropertiesInit()) {
-        colInteressentenliste_ = New<colSemWarteliste>();
-        colInteressentenliste_->LoadListSeminar(session_, row_.SemID);
-    }
-    return colInteressentenliste_;
+    if (!colInteressentenliste_ && !PropertiesInit()) return {};
+    return MadeOnce(colInteressentenliste_, [&](auto& made) { made.LoadListSeminar(session_, row_.SemID); });
 }
 
 Ref<clsSemZielInhalt> clsSeminar::ZielInhalt() try {
-    if (!ZielInhalt_) {
-        ZielInhalt_ = New<clsSemZielInhalt>();
-        ZielInhalt_->Init(row_.InhaltZielID, session_);
-    }
-    return ZielInhalt_;
+    return MadeOnce(ZielInhalt_, [&](auto& made) { made.Init(row_.InhaltZielID, session_); });
 } catch (...) {
     RaiseLabelled(" LumoSeminar062.clsSeminar.ZielInhalt -> Property GET");
 }

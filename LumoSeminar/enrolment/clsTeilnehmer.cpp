@@ -3,6 +3,7 @@
 #include <LumoSeminar/enrolment/participant_costs.h>
 #include <LumoSeminar/frame/clock.h>
 #include <LumoSeminar/frame/common.h>
+#include <LumoSeminar/frame/made_once.h>
 #include <LumoSeminar/frame/person_kind.h>
 #include <LumoSeminar/frame/session_calls.h>
 #include <LumoSeminar/frame/statement.h>
@@ -199,21 +200,13 @@ Ref<LumoSeminar::colTermine> clsTeilnehmer::colTermine() try {
 }
 
 Ref<LumoSeminar::clsTermin> clsTeilnehmer::clsTermin() try {
-    if (!clsTermin_) {
-        clsTermin_ = New<LumoSeminar::clsTermin>();
-        clsTermin_->Init(row_.SemTerminID, session_);
-    }
-    return clsTermin_;
+    return MadeOnce(clsTermin_, [&](auto& made) { made.Init(row_.SemTerminID, session_); });
 } catch (...) {
     RaiseLabelled("LumoSeminar.clsTeilnehmer.ClsTermin");
 }
 
 Ref<colTeilnehmerKosten> clsTeilnehmer::objKosten() try {
-    if (!objKosten_) {
-        objKosten_ = New<colTeilnehmerKosten>();
-        objKosten_->Init(row_.TeilnehmerID, session_);
-    }
-    return objKosten_;
+    return MadeOnce(objKosten_, [&](auto& made) { made.Init(row_.TeilnehmerID, session_); });
 } catch (...) {
     RaiseInLine(" in LumoSeminar.objKosten");
 }

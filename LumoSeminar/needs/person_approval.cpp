@@ -3,6 +3,7 @@
 #include <LumoSeminar/enrolment/clsTeilnehmer.h>
 #include <LumoSeminar/enrolment/colTeilnehmer.h>
 #include <LumoSeminar/frame/common.h>
+#include <LumoSeminar/frame/made_once.h>
 #include <LumoSeminar/needs/clsANWBBedarf.h>
 #include <LumoSeminar/needs/clsWBPerson.h>
 #include <LumoSeminar/needs/colANWBBedarf.h>
@@ -30,27 +31,16 @@ Ref<clsTermin> Bound(Int32 date, const Ref<DataSession>& session) {
 }  // namespace
 
 Ref<colSemWarteliste> clsWBPerson::colWarteliste() {
-    if (!colWarteliste_) {
-        colWarteliste_ = New<colSemWarteliste>();
-        colWarteliste_->LoadWartelisteMA(session_, MDNR_, PersonID_);
-    }
-    return colWarteliste_;
+    return MadeOnce(colWarteliste_, [&](auto& made) { made.LoadWartelisteMA(session_, MDNR_, PersonID_); });
 }
 
 Ref<colSemWarteliste> clsWBPerson::colInteressentenliste() {
-    if (!colInteressentenliste_) {
-        colInteressentenliste_ = New<colSemWarteliste>();
-        colInteressentenliste_->LoadInteressentenlisteMA(session_, MDNR_, PersonID_);
-    }
-    return colInteressentenliste_;
+    return MadeOnce(colInteressentenliste_,
+                    [&](auto& made) { made.LoadInteressentenlisteMA(session_, MDNR_, PersonID_); });
 }
 
 Ref<colANWBBedarf> clsWBPerson::colWBBedarf() {
-    if (!colWBBedarf_) {
-        colWBBedarf_ = New<colANWBBedarf>();
-        colWBBedarf_->LoadBedarfArbeitnehmer(session_, MDNR_, PersonID_);
-    }
-    return colWBBedarf_;
+    return MadeOnce(colWBBedarf_, [&](auto& made) { made.LoadBedarfArbeitnehmer(session_, MDNR_, PersonID_); });
 }
 
 Int32 clsWBPerson::BedarfErfassen(Int32 p_lngWBS_ID, Int32 p_lngUserID) {

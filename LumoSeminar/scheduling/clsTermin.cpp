@@ -4,6 +4,7 @@
 #include <LumoSeminar/catalogue/focus_areas.h>
 #include <LumoSeminar/enrolment/clsTeilnehmer.h>
 #include <LumoSeminar/enrolment/colTeilnehmer.h>
+#include <LumoSeminar/frame/made_once.h>
 #include <LumoSeminar/frame/session_calls.h>
 #include <LumoSeminar/frame/statement.h>
 #include <LumoSeminar/frame/text_form.h>
@@ -216,22 +217,14 @@ Int16 clsTermin::AnzAnmeldungen() try {
 // Both lists carry a label of the seminar.
 Ref<colTeilnehmer> clsTermin::clscolTeilnehmer() try {
     if (!PropertiesInit()) return {};
-    if (!clscolTeilnehmer_) {
-        clscolTeilnehmer_ = New<colTeilnehmer>();
-        clscolTeilnehmer_->Init(row_.SemTerminID, session_);
-    }
-    return clscolTeilnehmer_;
+    return MadeOnce(clscolTeilnehmer_, [&](auto& made) { made.Init(row_.SemTerminID, session_); });
 } catch (...) {
     RaiseLabelled(" LumoSeminar062.clsSeminar.Teilnehmer");
 }
 
 Ref<colSemTerminSchwerpunkte> clsTermin::clscolSemTerminSchwerpunkte() try {
     if (!PropertiesInit()) return {};
-    if (!clscolSemTerminSchwerpunkte_) {
-        clscolSemTerminSchwerpunkte_ = New<colSemTerminSchwerpunkte>();
-        clscolSemTerminSchwerpunkte_->Init(row_.SemTerminID, session_);
-    }
-    return clscolSemTerminSchwerpunkte_;
+    return MadeOnce(clscolSemTerminSchwerpunkte_, [&](auto& made) { made.Init(row_.SemTerminID, session_); });
 } catch (...) {
     RaiseLabelled(" LumoSeminar062.clsSeminar.Teilnehmer");
 }
@@ -245,22 +238,14 @@ Ref<LumoSeminar::colTerminTage> clsTermin::colTerminTage() try {
 }
 
 Ref<colSemWarteliste> clsTermin::colWarteliste() try {
-    if (!colWarteliste_) {
-        colWarteliste_ = New<colSemWarteliste>();
-        colWarteliste_->LoadListSeminartermin(session_, row_.SemTerminID);
-    }
-    return colWarteliste_;
+    return MadeOnce(colWarteliste_, [&](auto& made) { made.LoadListSeminartermin(session_, row_.SemTerminID); });
 } catch (...) {
     RaiseInLine(" in LumoSeminar.colWarteliste");
 }
 
 Ref<clsSerie> clsTermin::objSerie() try {
     if (objSerie_ && objSerie_->SerienID() != SerienID()) objSerie_.Reset();
-    if (!objSerie_) {
-        objSerie_ = New<clsSerie>();
-        objSerie_->Init(SerienID(), session_);
-    }
-    return objSerie_;
+    return MadeOnce(objSerie_, [&](auto& made) { made.Init(SerienID(), session_); });
 } catch (...) {
     RaiseLabelled("LumoSeminar.clsTermin.objSerie");
 }
@@ -268,33 +253,21 @@ Ref<clsSerie> clsTermin::objSerie() try {
 Ref<clsSeminar> clsTermin::objSeminar() try {
     if (row_.SemID == 0) return {};
     if (objSeminar_ && objSeminar_->SemID() != row_.SemID) objSeminar_.Reset();
-    if (!objSeminar_) {
-        objSeminar_ = New<clsSeminar>();
-        objSeminar_->Init(row_.SemID, session_);
-    }
-    return objSeminar_;
+    return MadeOnce(objSeminar_, [&](auto& made) { made.Init(row_.SemID, session_); });
 } catch (...) {
     RaiseLabelled("LumoSeminar.clsTermin.onjSeminar");
 }
 
 Ref<clsTerminVeranstalter> clsTermin::Veranstalter() try {
     if (!PropertiesInit()) return {};
-    if (!Veranstalter_) {
-        Veranstalter_ = New<clsTerminVeranstalter>();
-        Veranstalter_->Init(row_.VeranstalterID, session_);
-    }
-    return Veranstalter_;
+    return MadeOnce(Veranstalter_, [&](auto& made) { made.Init(row_.VeranstalterID, session_); });
 } catch (...) {
     RaiseLabelled(" LumoSeminar.clsTermin.Veranstalter");
 }
 
 Ref<clsTerminVeranstaltungsOrt> clsTermin::VeranstaltungsOrt() try {
     if (!PropertiesInit()) return {};
-    if (!VeranstaltungsOrt_) {
-        VeranstaltungsOrt_ = New<clsTerminVeranstaltungsOrt>();
-        VeranstaltungsOrt_->Init(row_.VeranstaltungsOrtID, session_);
-    }
-    return VeranstaltungsOrt_;
+    return MadeOnce(VeranstaltungsOrt_, [&](auto& made) { made.Init(row_.VeranstaltungsOrtID, session_); });
 } catch (...) {
     RaiseLabelled(" LumoSeminar.clsTermin.VeranstaltungsOrt");
 }

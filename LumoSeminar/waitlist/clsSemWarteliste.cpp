@@ -4,6 +4,7 @@
 #include <LumoSeminar/enrolment/colTeilnehmer.h>
 #include <LumoSeminar/frame/clock.h>
 #include <LumoSeminar/frame/common.h>
+#include <LumoSeminar/frame/made_once.h>
 #include <LumoSeminar/frame/session_calls.h>
 #include <LumoSeminar/frame/statement.h>
 #include <LumoSeminar/frame/text_form.h>
@@ -70,11 +71,7 @@ Int32 StoredStatus(Byte status) { return status == kConsented ? -1 : 0; }
 clsSemWarteliste::~clsSemWarteliste() = default;
 
 Ref<clsTermin> clsSemWarteliste::objSemTermin() {
-    if (!objSemTermin_) {
-        objSemTermin_ = New<clsTermin>();
-        objSemTermin_->Init(row_.SemTerminID, session_);
-    }
-    return objSemTermin_;
+    return MadeOnce(objSemTermin_, [&](auto& made) { made.Init(row_.SemTerminID, session_); });
 }
 
 Text clsSemWarteliste::Key() { return DefaultText(row_.SemWarteListeID); }
