@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include <LumoConnection/embedded/session.h>
+#include <LumoConnection/any_session.h>
 #include <LumoConnection/system_user.h>
 
 namespace LumoConnection {
@@ -18,7 +18,7 @@ Text LoginDefaults::SecondText(Int32) { return password_; }
 void Install(const Login& login) {
     Components components;
     // Whoever makes a session of its own comes here: the library, and the process objects.
-    components.data_session = [] { return MakeEmbeddedSession(); };
+    components.data_session = [] { return MakeAnySession(); };
     components.session_defaults = [user = login.user, password = login.password] {
         return New<LoginDefaults>(user, password);
     };

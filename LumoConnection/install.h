@@ -20,11 +20,10 @@ class LoginDefaults final : public LumoSeminar::SessionDefaults {
     LumoSeminar::Text password_;
 };
 
-/// Gives the library of the calling thread the components of this one: a session on the embedded database where it
-/// makes one of its own, the process objects on the database of the login, and its session defaults, whose user is
-/// entered with each new enrolment. Call it in each thread, before anything else of the library; defaults and a
-/// dispatcher that the thread has made already stay. A session in the login is kept as long as the thread keeps these
-/// components or its dispatcher.
+/// Gives the library of the calling thread the components of this one: an AnySession where it makes one of its own, the
+/// process objects on the database of the login, and its session defaults, whose user is entered with each new
+/// enrolment. Call it in each thread, before anything else of the library; defaults and a dispatcher that the thread has
+/// made already stay. A session in the login is kept as long as the thread keeps these components or its dispatcher.
 void Install(const Login& login);
 
 /// The same without a database for the process objects: only a ConnectionString tells them one.

@@ -12,8 +12,8 @@
 #include <test_support/embedded.h>
 #include <test_support/processes.h>
 
-// Eight threads, each a library of its own with a session and process objects of its own, on one file. Nothing is
-// shared but the file. Two sessions may draw one key: the second insert is refused, and the front end tries again.
+// Eight threads, each a library of its own with a session and process objects of its own, on one database. Nothing is
+// shared but that. Two sessions may draw one key: the second insert is refused, and the front end tries again.
 namespace LumoSeminar {
 namespace {
 
@@ -134,7 +134,7 @@ class Worker {
 class ThreadsTest : public testing::Test {
   protected:
     ThreadsTest() {
-        Open(*session_);
+        EXPECT_TRUE(session_->Connect(text_, "", "", 30)) << session_->LastErrorText();
         for (const char* file : {"schema.sql", "process.sql"}) test_support::RunSchemaFile(*session_, file);
         for (const char* sql : {
                  "INSERT INTO OpactMD (MDNR) VALUES (7)",
@@ -158,18 +158,19 @@ class ThreadsTest : public testing::Test {
         }
     }
 
-    void Open(DataSession& session) { EXPECT_TRUE(session.Connect(text_, "", "", 30)) << session.LastErrorText(); }
-
     Int32 Count(const Text& table, const Text& where = {}) {
         return To<Int32>(session_->LookupValue("count(*)", table, where));
     }
 
     const test_support::Folder folder_;
-    const Text text_ = "Provider=Embedded;Sync=Normal;Data Source='" + folder_.File("seminare.db") + "'";
-    const Ref<LumoConnection::EmbeddedSession> session_ = New<LumoConnection::EmbeddedSession>();
+    const bool on_server_ = !test_support::ServerText().empty();
+    const Text text_ = on_server_ ? test_support::ServerText()
+                                  : "Provider=Embedded;Sync=Normal;Data Source='" + folder_.File("seminare.db") + "'";
+    const Ref<LumoConnection::AnySession> session_ =
+        on_server_ ? test_support::EmptyServer() : New<LumoConnection::AnySession>();
 };
 
-TEST_F(ThreadsTest, EightLibrariesOnOneFileLoseNothingThatWasAcknowledged) {
+TEST_F(ThreadsTest, EightLibrariesOnOneDatabaseLoseNothingThatWasAcknowledged) {
     std::vector<Told> told(kThreads);
     std::atomic<bool> go = false;
     std::vector<std::thread> threads;

@@ -26,13 +26,17 @@ function(lumo_public_headers result)
 endfunction()
 
 # Makes the targets <name> (shared) and <name>Static of the sources in the folder <name>, compiled once, with their
-# public headers. SHARED_LINKS and STATIC_LINKS are seen by users of the library, PRIVATE_LINKS are not.
+# public headers. SHARED_LINKS and STATIC_LINKS are seen by users of the library, PRIVATE_LINKS are not. Sources that match
+# EXCLUDE_SOURCES are left out.
 function(lumo_library name)
-    cmake_parse_arguments(arg "" "" "SHARED_LINKS;STATIC_LINKS;PRIVATE_LINKS" ${ARGN})
+    cmake_parse_arguments(arg "" "EXCLUDE_SOURCES" "SHARED_LINKS;STATIC_LINKS;PRIVATE_LINKS" ${ARGN})
 
     file(GLOB_RECURSE sources CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR} ${name}/*.cpp)
     file(GLOB_RECURSE headers CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR} ${name}/*.h)
     list(FILTER sources EXCLUDE REGEX "_test\\.cpp$")
+    if(arg_EXCLUDE_SOURCES)
+        list(FILTER sources EXCLUDE REGEX "${arg_EXCLUDE_SOURCES}")
+    endif()
     list(FILTER headers EXCLUDE REGEX "_test\\.h$")
     lumo_public_headers(public_headers ${headers})
 

@@ -7,6 +7,7 @@
 
 #include "frontend/output/failure.h"
 #include "frontend/output/terminal.h"
+#include "frontend/server_tables.h"
 
 namespace frontend {
 
@@ -39,8 +40,8 @@ std::optional<std::size_t> Context::RefusedAt() const {
 }
 
 std::optional<Int32> Context::RowsChanged() const {
-    if (!opened_.embedded || opened_.embedded->RowsAffected() < 0) return std::nullopt;
-    return opened_.embedded->RowsAffected();
+    if (!opened_.plain || opened_.plain->RowsAffected() < 0) return std::nullopt;
+    return opened_.plain->RowsAffected();
 }
 
 Ref<RecordSet> Context::RowsBeforeRefusal() const {
@@ -48,9 +49,8 @@ Ref<RecordSet> Context::RowsBeforeRefusal() const {
 }
 
 std::vector<LumoConnection::TableInfo> Context::Tables() {
-    Session();
-    if (!opened_.embedded) Raise(ErrorNumber::kComponentNotCreated, "This database does not tell its tables.");
-    return opened_.embedded->Tables();
+    const auto& session = Session();
+    return opened_.embedded ? opened_.embedded->Tables() : ServerTables(session);
 }
 
 Int32 Context::Client() {

@@ -33,7 +33,8 @@ class Context {
     /// The rows of the last call that was refused further on in its text. Empty where there are none.
     LumoSeminar::Ref<LumoSeminar::RecordSet> RowsBeforeRefusal() const;
 
-    /// The tables of the database, by name. Raises 429 for a database that does not tell.
+    /// The tables of the database, by name.
+    /// @see ServerTables
     std::vector<LumoConnection::TableInfo> Tables();
 
     /// What --client says, otherwise the active client of the database, otherwise 1.

@@ -28,22 +28,21 @@ std::string RowsText(const LumoConnection::TracedCall& call) {
 }  // namespace
 
 OpenedSession OpenSession(const Login& login, MissingFile missing_file, LumoConnection::TraceCallback watcher) {
-    if (!LumoConnection::AsksForEmbedded(login.connection_text)) {
-        Raise(ErrorNumber::kComponentNotCreated,
-              "There is no component for this connection text; it has to say Provider=Embedded.");
-    }
-    const Text file = LumoConnection::ReadEmbeddedTarget(login.connection_text).file;
-    if (missing_file == MissingFile::kRefuse && file != ":memory:" && !std::filesystem::exists(file)) {
-        Raise(kFileNotRead, "There is no database file " + OneLine(file) + "; the command init creates it.");
+    if (missing_file == MissingFile::kRefuse && LumoConnection::AsksForEmbedded(login.connection_text)) {
+        const Text file = LumoConnection::ReadEmbeddedTarget(login.connection_text).file;
+        if (file != ":memory:" && !std::filesystem::exists(file)) {
+            Raise(kFileNotRead, "There is no database file " + OneLine(file) + "; the command init creates it.");
+        }
     }
     OpenedSession opened;
-    opened.embedded = New<LumoConnection::EmbeddedSession>();
-    opened.session = opened.embedded;
+    opened.plain = New<LumoConnection::AnySession>();
+    opened.session = opened.plain;
     if (watcher) opened.session = New<LumoConnection::TracingSession>(opened.session, std::move(watcher));
     LumoConnection::Install({.user = login.user, .password = login.password, .session = opened.session});
     if (!opened.session->Connect(login.connection_text, login.user, login.password, kTimeout)) {
         RaiseRefused(opened.session->LastErrorText());
     }
+    opened.embedded = opened.plain->Embedded();
     return opened;
 }
 

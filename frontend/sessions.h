@@ -1,6 +1,6 @@
 #pragma once
 
-#include <LumoConnection/embedded/session.h>
+#include <LumoConnection/any_session.h>
 #include <LumoConnection/tracing/tracing_session.h>
 #include <LumoSeminar/LumoSeminar.h>
 
@@ -16,9 +16,11 @@ struct Login {
 /// Seconds, for the login and for each statement.
 inline constexpr LumoSeminar::Int32 kTimeout = 30;
 
-/// A session, and behind it what the embedded database tells beyond the contract.
+/// A session, and behind it what its kind tells beyond the contract.
 struct OpenedSession {
+    /// With the watcher in front of it.
     LumoSeminar::Ref<LumoSeminar::DataSession> session;
+    LumoSeminar::Ref<LumoConnection::AnySession> plain;
     /// Empty for other databases.
     LumoSeminar::Ref<LumoConnection::EmbeddedSession> embedded;
 };
@@ -27,8 +29,7 @@ enum class MissingFile { kCreate, kRefuse };
 
 /// Opens a session, with a watcher in front of it where one is given. The process objects work on it, and what is
 /// entered from then on is entered by the user of the login, otherwise by that of the operating system. Raises 9999
-/// where it cannot be opened, 53 where the file is missing and not to be created, 429 for a connection text that no
-/// component is for.
+/// where it cannot be opened, 53 where the file is missing and not to be created.
 OpenedSession OpenSession(const Login& login, MissingFile missing_file, LumoConnection::TraceCallback watcher = {});
 
 /// A watcher that puts each call on standard error: kind, time, rows, statement.

@@ -101,7 +101,7 @@ class DayGenerationFixture : public testing::Test {
 
     Days RowsOf(LumoSeminar::Int32 key = kKey) { return DaysOf(*session_, key); }
 
-    LumoSeminar::Ref<LumoConnection::EmbeddedSession> session_ = SchemaDatabase();
+    Database session_ = SchemaDatabase();
 };
 
 }  // namespace test_support

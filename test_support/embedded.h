@@ -2,12 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <sstream>
+#include <stdexcept>
 #include <string>
+#include <utility>
 
-#include <LumoConnection/batches.h>
-#include <LumoConnection/embedded/session.h>
+#include <LumoConnection/any_session.h>
+#include <test_support/server.h>
 
 namespace test_support {
 
@@ -21,25 +21,44 @@ inline LumoSeminar::Ref<LumoConnection::EmbeddedSession> EmptyDatabase() {
 
 /// Runs a file of the schema folder.
 inline void RunSchemaFile(LumoSeminar::DataSession& session, const std::string& name) {
-    std::ifstream file(LUMO_SOURCE_DIR "/schema/" + name);
-    std::ostringstream text;
-    text << file.rdbuf();
-    const auto batches = LumoConnection::SplitBatches(text.str());
+    const auto batches = SchemaBatches(name);
     EXPECT_FALSE(batches.empty()) << name;
     for (const auto& batch : batches) {
         EXPECT_TRUE(session.ExecuteSql(batch.text)) << name << ", line " << batch.line << ": " << session.LastErrorText();
     }
 }
 
-/// A database in memory with all tables, without a row.
-inline LumoSeminar::Ref<LumoConnection::EmbeddedSession> SchemaDatabase() {
+/// All tables, without a row, in memory.
+inline LumoSeminar::Ref<LumoConnection::EmbeddedSession> EmbeddedSchemaDatabase() {
     auto session = EmptyDatabase();
     RunSchemaFile(*session, "schema.sql");
     return session;
 }
 
+/// A session on a database of the test's own: in memory, or on the server of server.h.
+class Database : public LumoSeminar::Ref<LumoConnection::AnySession> {
+  public:
+    explicit Database(LumoSeminar::Ref<LumoConnection::AnySession> session) : Ref(std::move(session)) {}
+
+    /// For tests that are about the embedded database; raises on the server.
+    operator LumoSeminar::Ref<LumoConnection::EmbeddedSession>() const {
+        auto embedded = (*this)->Embedded();
+        if (!embedded) throw std::runtime_error("this test names the embedded database; it cannot run on a server");
+        return embedded;
+    }
+};
+
+/// A database with all tables, without a row.
+inline Database SchemaDatabase() {
+    auto session = ServerText().empty() ? LumoSeminar::New<LumoConnection::AnySession>() : EmptyServer();
+    if (ServerText().empty() && !session->Connect("Provider=Embedded;Data Source=:memory:", "sa", "", 30))
+        ADD_FAILURE() << session->LastErrorText();
+    RunSchemaFile(*session, "schema.sql");
+    return Database(std::move(session));
+}
+
 /// The sample company.
-inline LumoSeminar::Ref<LumoConnection::EmbeddedSession> SampleDatabase() {
+inline Database SampleDatabase() {
     auto session = SchemaDatabase();
     RunSchemaFile(*session, "sample.sql");
     return session;

@@ -5,9 +5,12 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 run_packages=(
     g++ cmake ninja-build pkg-config
-    libsqlite3-dev libfmt-dev libcli11-dev nlohmann-json3-dev libutf8proc-dev libbenchmark-dev
+    libsqlite3-dev unixodbc-dev libfmt-dev libcli11-dev nlohmann-json3-dev libutf8proc-dev libbenchmark-dev
 )
-test_packages=(clang libclang-rt-14-dev llvm clang-format libgtest-dev libgmock-dev)
+test_packages=(
+    clang libclang-rt-14-dev llvm clang-format libgtest-dev libgmock-dev
+    odbcinst libsqliteodbc odbc-postgresql postgresql
+)
 
 log_dir=build/log
 mkdir -p "$log_dir"

@@ -263,7 +263,7 @@ class Sample : public testing::Test {
 };
 
 TEST(Schema, HasAllTables) {
-    const auto session = test_support::SchemaDatabase();
+    const auto session = test_support::EmbeddedSchemaDatabase();
     std::vector<Text> names;
     for (const TableInfo& table : session->Tables()) {
         names.push_back(table.name);
@@ -281,7 +281,7 @@ TEST(Schema, HasAllTables) {
 }
 
 TEST(Schema, NamesTheKeyAndTheTableOfAViolation) {
-    const auto session = test_support::SchemaDatabase();
+    const auto session = test_support::EmbeddedSchemaDatabase();
     EXPECT_TRUE(session->ExecuteSql("INSERT INTO BW (BWID) VALUES (3)"));
     EXPECT_FALSE(session->ExecuteSql("INSERT INTO BW (BWID) VALUES (3)"));
     EXPECT_EQ(session->LastErrorText(),

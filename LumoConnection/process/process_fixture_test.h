@@ -110,7 +110,7 @@ class ProcessTest : public testing::Test {
         return dispatcher;
     }
 
-    const Ref<EmbeddedSession> session_;
+    const test_support::Database session_;
 };
 
 }  // namespace LumoConnection

@@ -76,7 +76,7 @@ class FocusAreasForReal : public testing::Test {
         return list;
     }
 
-    Ref<LumoConnection::EmbeddedSession> session;
+    Ref<LumoConnection::AnySession> session;
 };
 
 using Texts = std::vector<Text>;

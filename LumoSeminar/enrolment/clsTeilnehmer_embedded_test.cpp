@@ -20,7 +20,7 @@ using test_support::SampleDatabase;
 using test_support::SchemaDatabase;
 using test_support::Value;
 using test_support::Write;
-using Session = Ref<LumoConnection::EmbeddedSession>;
+using Session = Ref<LumoConnection::AnySession>;
 
 using clsTeilnehmerForReal = ParticipantTest;
 

@@ -22,7 +22,7 @@ using test_support::SchemaDatabase;
 using test_support::Select;
 using test_support::Value;
 using test_support::Write;
-using Session = Ref<LumoConnection::EmbeddedSession>;
+using Session = Ref<LumoConnection::AnySession>;
 
 using PersonsForReal = participant_statements::ParticipantTest;
 using LifeOfAPerson = participant_statements::ParticipantTest;

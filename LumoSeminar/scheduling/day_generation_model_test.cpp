@@ -85,7 +85,7 @@ using Outcomes = std::map<int, int>;
 /// A date, its series and its changes, all drawn from one number.
 class Case {
   public:
-    Case(const Ref<LumoConnection::EmbeddedSession>& session, unsigned number, Outcomes& outcomes)
+    Case(const Ref<DataSession>& session, unsigned number, Outcomes& outcomes)
         : session_(session), outcomes_(outcomes), random_(number) {
         era_ = static_cast<Era>(Below(3));
         base_ = BaseOf(era_);
@@ -287,7 +287,7 @@ class Case {
         ++outcomes_[expected];
     }
 
-    Ref<LumoConnection::EmbeddedSession> session_;
+    Ref<DataSession> session_;
     Outcomes& outcomes_;
     std::mt19937 random_;
     Era era_ = Era::kPresent;

@@ -288,7 +288,7 @@ const std::vector<std::string> kOrganiserColumns = {"Name",          "PLZ",     
 
 /// Reads each row of a table as an object, and compares. Gives the number of rows.
 template <class Class>
-int CompareAll(const Ref<EmbeddedSession>& session, const Text& table, const std::vector<std::string>& columns) {
+int CompareAll(const Ref<DataSession>& session, const Text& table, const std::vector<std::string>& columns) {
     const auto rows = Rows(*session, "SELECT * FROM " + table);
     int count = 0;
     for (; !rows->Eof(); rows->MoveNext(), ++count) {

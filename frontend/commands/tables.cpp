@@ -47,7 +47,7 @@ int ShowColumns(const Context& context, const std::vector<TableInfo>& tables) {
 int ListTables(Context& context, const std::vector<TableInfo>& tables) {
     Sheet sheet{{"Table", "Columns", "Rows"}, {}};
     for (const auto& table : tables) {
-        const Variant rows = context.Session()->LookupValue("count(*)", "[" + table.name + "]", "");
+        const Variant rows = context.Session()->LookupValue("count(*)", "\"" + table.name + "\"", "");
         sheet.rows.push_back({table.name, To<Int32>(table.columns.size()), rows});
     }
     context.Print(sheet);

@@ -1,3 +1,5 @@
+#include <test_support/server.h>
+
 #include "frontend/cli_test.h"
 
 #include <algorithm>
@@ -64,6 +66,17 @@ TEST_F(Cli, TourMakesTheTablesOfTheProcessObjectsWhereOnlyTheyAreMissing) {
     const auto done = Run({"tour", "--connect", "Provider=Embedded;Data Source=lumoseminar.db"});
     EXPECT_EQ(done.code, 0) << done.out << done.err;
     EXPECT_EQ(Run({"sql", "select count(*) as n from Sem_ProzessSchritt_IT", "--format", "csv"}).out, "n\n0\n");
+}
+
+TEST_F(Cli, TourComesOutAsToldOnTheServer) {
+    const auto text = test_support::ServerText();
+    if (text.empty()) GTEST_SKIP() << "LUMOSEMINAR_TEST_ODBC names no server";
+    test_support::EmptyServer();
+    for (int walk = 0; walk < 2; ++walk) {
+        const auto done = Run({"tour", "--connect", text});
+        EXPECT_EQ(done.code, 0) << done.out << done.err;
+    }
+    EXPECT_EQ(Run({"seminars", "list", "--connect", text}).code, 0);
 }
 
 TEST_F(Cli, TourFillsAnEmptyDatabase) {
