@@ -32,13 +32,17 @@ target_include_directories(lumo_tests PRIVATE ${PROJECT_SOURCE_DIR})
 target_compile_definitions(lumo_tests PRIVATE LUMO_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
 target_link_libraries(lumo_tests PRIVATE LumoConnectionStatic SQLite::SQLite3 GTest::gmock_main lumo_warnings)
 if(LUMOSEMINAR_WITH_ODBC)
-    # A driver that plays a script; the driver manager loads it.
-    add_library(lumo_odbc_test_driver MODULE test_support/odbc_driver/driver.cpp)
-    target_include_directories(lumo_odbc_test_driver PRIVATE ${PROJECT_SOURCE_DIR} ${ODBC_INCLUDE_DIRS})
-    target_link_libraries(lumo_odbc_test_driver PRIVATE lumo_warnings)
-    target_link_options(lumo_odbc_test_driver PRIVATE LINKER:-Bsymbolic)
-    add_dependencies(lumo_tests lumo_odbc_test_driver)
-    target_compile_definitions(lumo_tests PRIVATE LUMO_ODBC_TEST_DRIVER="$<TARGET_FILE:lumo_odbc_test_driver>")
+    # Drivers that the driver manager loads: one plays a script, one runs its texts on the embedded database.
+    foreach(server scripted engine)
+        set(driver lumo_odbc_${server}_driver)
+        add_library(${driver} MODULE test_support/odbc_driver/driver.cpp test_support/odbc_driver/${server}.cpp)
+        target_include_directories(${driver} PRIVATE ${PROJECT_SOURCE_DIR} ${ODBC_INCLUDE_DIRS})
+        target_link_libraries(${driver} PRIVATE lumo_warnings)
+        target_link_options(${driver} PRIVATE LINKER:-Bsymbolic LINKER:--exclude-libs,ALL)
+        add_dependencies(lumo_tests ${driver})
+    endforeach()
+    target_link_libraries(lumo_odbc_engine_driver PRIVATE LumoConnectionStatic)
+    target_compile_definitions(lumo_tests PRIVATE LUMO_ODBC_TEST_DRIVER="$<TARGET_FILE:lumo_odbc_scripted_driver>")
     target_link_libraries(lumo_tests PRIVATE ODBC::ODBC ${CMAKE_DL_LIBS})
 endif()
 target_precompile_headers(lumo_tests PRIVATE <gmock/gmock.h> <gtest/gtest.h>)
@@ -66,6 +70,33 @@ foreach(share RANGE ${last})
         PROPERTIES ENVIRONMENT "GTEST_TOTAL_SHARDS=${shares};GTEST_SHARD_INDEX=${share}" TIMEOUT 600
     )
 endforeach()
+
+if(LUMOSEMINAR_WITH_ODBC)
+    # What runs on a server where LUMOSEMINAR_TEST_ODBC names one, through the driver manager to the embedded database.
+    set(by_odbc "Driver=$<TARGET_FILE:lumo_odbc_engine_driver>\\;Database")
+    add_test(
+        NAME lumo_tests_by_odbc
+        COMMAND
+            lumo_tests --gtest_brief=1
+            --gtest_filter=*ForReal*:*Contract*:RequestRoad.*:EnrolmentChecksOf*:LifeOf*:Process*:Sample.*:-*/Embedded*
+    )
+    set_tests_properties(
+        lumo_tests_by_odbc PROPERTIES ENVIRONMENT "LUMOSEMINAR_TEST_ODBC=${by_odbc}=:memory:" TIMEOUT 600
+    )
+    add_test(NAME lumo_thread_tests_by_odbc COMMAND lumo_thread_tests --gtest_brief=1)
+    set_tests_properties(
+        lumo_thread_tests_by_odbc
+        PROPERTIES ENVIRONMENT "LUMOSEMINAR_TEST_ODBC=${by_odbc}=${PROJECT_BINARY_DIR}/threads_by_odbc.db"
+    )
+    if(LUMOSEMINAR_FRONTEND)
+        add_test(
+            NAME tour_by_odbc
+            COMMAND
+                ${PROJECT_SOURCE_DIR}/tools/tour $<TARGET_FILE:lumoseminar> ${PROJECT_BINARY_DIR}/tour_by_odbc.db
+                $<TARGET_FILE:lumo_odbc_engine_driver>
+        )
+    endif()
+endif()
 
 find_program(CLANG_FORMAT clang-format)
 if(CLANG_FORMAT)

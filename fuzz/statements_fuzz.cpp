@@ -72,7 +72,7 @@ Result Run(EmbeddedSession& session, const std::string& text) {
     Result result;
     result.ok = static_cast<bool>(session.OpenSelect(text));
     steps_left = kMostThousands;
-    result.error = session.LastErrorText();
+    if (!result.ok) result.error = session.LastErrorText();
     result.number = session.LastErrorNumber();
     result.affected = session.RowsAffected();
     Require(result.ok == result.error.empty(), "The text and the outcome differ", result.error);

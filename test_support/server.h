@@ -63,4 +63,14 @@ inline LumoSeminar::Ref<LumoConnection::AnySession> EmptyServer() {
     return session;
 }
 
+/// The name that the database knows its user by.
+inline std::string LoginOf(LumoSeminar::DataSession& session) {
+    EXPECT_TRUE(session.OpenSelect("SELECT SYSTEM_USER")) << session.LastErrorText();
+    return LumoSeminar::To<LumoSeminar::Text>(session.Recordset()->Fields().Item(0).Value());
+}
+
 }  // namespace test_support
+
+/// Skips the test where the tests run on a server.
+#define NOT_ON_A_SERVER(why) \
+    if (!test_support::ServerText().empty()) GTEST_SKIP() << "not on a server: " << why

@@ -211,7 +211,8 @@ TEST(CatalogueForReal, TextsOfAllKindsEitherComeBackOrAreRefusedWithoutATrace) {
         {Text(100'000, 'x'), false},
         {"'", false},
         {"', 'x", false},
-        {Text("a\0b", 3), true},
+        // ODBC takes no such character.
+        {Text("a\0b", 3), test_support::ServerText().empty()},
         {"\xFF\xFE", false},
     };
     Int32 accepted = 0;

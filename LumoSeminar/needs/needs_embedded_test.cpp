@@ -169,8 +169,8 @@ TEST_F(NeedsForReal, ANewOpenNeedIsStoredWithTheDayOfCaptureAndItsProcessIsOpen)
                      "SELECT MDNr, ANNr, WBS, erfDat, erford, Erfuellt, erfUser, BedarfErfuellt, Bemerkungen FROM "
                      "AN_WBBedarf_IT WHERE WBID = " +
                          need->Key()),
-              (Rows{{kClient, kEmployee, kFocusArea, kToday, DateTime::Of(2010, 12, 1), kNull, "sa", Int16{0},
-                     "für die \"große\" Halle & später"}}));
+              (Rows{{kClient, kEmployee, kFocusArea, kToday, DateTime::Of(2010, 12, 1), kNull,
+                     test_support::LoginOf(*session_), Int16{0}, "für die \"große\" Halle & später"}}));
     EXPECT_EQ(Steps(7, key), (Rows{{"Start", kEmployee, Byte{1}}}));
     EXPECT_EQ(need->Erford(), DateTime::Of(2010, 12, 1, 23, 59, 59));
     EXPECT_EQ(Bound(session_, key)->Erford(), DateTime::Of(2010, 12, 1)) << "the time is lost";
@@ -285,7 +285,8 @@ TEST_F(NeedsForReal, AnUpdateChangesDaysStatusRemarksAndFocusAreaAlone) {
                      "SELECT MDNr, ANNr, WBS, erfDat, erford, Erfuellt, erfUser, BedarfErfuellt, Bemerkungen "
                      "FROM AN_WBBedarf_IT WHERE WBID = " +
                          need->Key()),
-              (Rows{{kClient, kEmployee, 5, kToday, kNull, DateTime::Of(2010, 9, 1), "sa", Int16{-1}, "Öl \"und\" Äther"}}));
+              (Rows{{kClient, kEmployee, 5, kToday, kNull, DateTime::Of(2010, 9, 1), test_support::LoginOf(*session_),
+                     Int16{-1}, "Öl \"und\" Äther"}}));
     need->Bemerkungen("");
     need->Erfuellt(DateTime());
     EXPECT_EQ(need->WriteToDatabase(kEmployee), true);

@@ -126,7 +126,8 @@ TEST_F(RequestRoad, APersonIsCheckedAsksIsApprovedAndTakesAPlace) {
                            "LookupValue: System_User from opactMD",
                            "LookupValue: max(SemWartelisteID) from Sem_Warteliste_IT",
                            "ExecuteSql: " + entries::Insert("57,2,1,101,'16.08.2010 09:30:05',4,Null,-1,"
-                                                            "'16.08.2010 09:30:05','sa'"),
+                                                            "'16.08.2010 09:30:05','" +
+                                                            test_support::LoginOf(*database_) + "'"),
                            "ExecuteSql: " + entries::BindToDate(57, kDate),
                        }));
 

@@ -104,6 +104,7 @@ std::vector<ShownDate> Shown(const Ref<colTermine>& list) {
 }
 
 TEST(DatesForReal, AClientSeesItsOwnDatesAndTheCommonOnesTheLatestEndFirst) {
+    NOT_ON_A_SERVER("its clock cannot be pinned");
     const PinnedNow now(kSampleDay);
     const auto session = SampleDatabase();
     const struct {
@@ -135,6 +136,7 @@ TEST(DatesForReal, ASeminarSeesItsDates) {
 }
 
 TEST(DatesForReal, AnOpenDateSortsAsOfTodayAndEqualEndsSortByKey) {
+    NOT_ON_A_SERVER("its clock cannot be pinned");
     const PinnedNow now(DateTime::Of(2010, 6, 15, 23, 59, 59));
     const auto session = SchemaDatabase();
     AddDate(*session, 5, "14.06.2010", "gestern");
@@ -296,6 +298,7 @@ Rows Groups(const Ref<colTermine>& list, Int32 kind) {
 }
 
 TEST(DateGroupsForReal, YearsAndMonthsCountAnOpenDateUnderTodayAndBudgetPeriodsLeaveItOut) {
+    NOT_ON_A_SERVER("its clock cannot be pinned");
     const PinnedNow now(DateTime::Of(2012, 2, 29, 13, 0));
     const auto session = SchemaDatabase();
     AddDate(*session, 1, "01.12.2009");
@@ -385,7 +388,7 @@ TEST(DateGroupsForReal, AFilterOnParticipantsIsRefusedAndTheReferenceEmpty) {
     EXPECT_EQ(list.Init(-1, 1, session, " AND ANNR = 310", true), false);
     for (const Int32 kind : {1, 2, 3}) {
         EXPECT_FALSE(list.Gruppen(kind)) << kind;
-        EXPECT_EQ(session->LastErrorText(), "Invalid column name 'ANNR'.");
+        EXPECT_TRUE(session->LastErrorText().ends_with("Invalid column name 'ANNR'.")) << session->LastErrorText();
     }
 }
 
@@ -401,6 +404,7 @@ TEST(DateGroupsForReal, AnUnknownKindGivesRowsWithoutColumns) {
 }
 
 TEST(DateGroupsForReal, TheSampleCompanyIsGroupedAsItsDatesSay) {
+    NOT_ON_A_SERVER("its clock cannot be pinned");
     const PinnedNow now(kSampleDay);
     const auto session = SampleDatabase();
     std::set<DateTime, std::greater<>> months;

@@ -1,9 +1,10 @@
-// The driver of script.h. It calls none of its own entry points: their names belong to the driver manager too.
-#include <test_support/odbc_driver/script.h>
+// The driver of script.h, with a server of server.h behind it. It calls none of its own entry points: their names belong to the driver manager too.
+#include <test_support/odbc_driver/server.h>
 
 #include <algorithm>
 #include <cstring>
 #include <memory>
+#include <mutex>
 #include <string_view>
 
 namespace {
@@ -19,6 +20,15 @@ Script& TheScript() {
     return script;
 }
 
+// Connections of several threads count, too.
+void Count(int Script::*counter, int by) {
+    static std::mutex counting;
+    const std::lock_guard lock(counting);
+    Script& script = TheScript();
+    script.*counter += by;
+    script.most_statements = std::max(script.most_statements, script.statements);
+}
+
 struct Base {
     virtual ~Base() = default;
     std::vector<Message> messages;
@@ -32,15 +42,12 @@ struct Base {
 struct Environment : Base {};
 
 struct Connection : Base {
-    bool open = false;
+    std::unique_ptr<odbc_driver::Server> server;
 };
 
 struct Statement : Base {
-    Statement() {
-        Script& script = TheScript();
-        script.most_statements = std::max(script.most_statements, ++script.statements);
-    }
-    ~Statement() override { --TheScript().statements; }
+    explicit Statement(Connection& of) : connection(of) { Count(&Script::statements, 1); }
+    ~Statement() override { Count(&Script::statements, -1); }
 
     Result* Current() { return at < results.size() ? &results[at] : nullptr; }
 
@@ -65,6 +72,7 @@ struct Statement : Base {
 
     SQLRETURN GetData(SQLUSMALLINT number, SQLSMALLINT c_type, SQLPOINTER to, SQLLEN room, SQLLEN* length);
 
+    Connection& connection;
     std::vector<Result> results;
     std::size_t at = 0;
     std::size_t row = 0;      // from 1
@@ -130,7 +138,7 @@ SQLRETURN Statement::GetData(SQLUSMALLINT number, SQLSMALLINT c_type, SQLPOINTER
     const std::size_t mark = text ? 1 : 0;
     const std::size_t size = text ? text->size() : bytes->size();
     if (again && offset == size) return SQL_NO_DATA;
-    ++script.pieces;
+    Count(&Script::pieces, 1);
     const std::size_t most = static_cast<std::size_t>(room) / width - mark;
     const std::size_t rest = size - offset;
     const bool cut = rest > most;
@@ -171,11 +179,11 @@ extern "C" {
 
 odbc_driver::Script* LumoOdbcDriverScript() { return &TheScript(); }
 
-SQLRETURN SQL_API SQLAllocHandle(SQLSMALLINT type, SQLHANDLE, SQLHANDLE* handle) {
+SQLRETURN SQL_API SQLAllocHandle(SQLSMALLINT type, SQLHANDLE parent, SQLHANDLE* handle) {
     Base* made = nullptr;
     if (type == SQL_HANDLE_ENV) made = new Environment;
     if (type == SQL_HANDLE_DBC) made = new Connection;
-    if (type == SQL_HANDLE_STMT) made = new Statement;
+    if (type == SQL_HANDLE_STMT) made = new Statement(As<Connection>(parent));
     *handle = made;
     return made ? SQL_SUCCESS : SQL_ERROR;
 }
@@ -206,25 +214,24 @@ SQLRETURN SQL_API SQLGetConnectAttrW(SQLHDBC handle, SQLINTEGER attribute, SQLPO
 
 SQLRETURN SQL_API SQLDriverConnectW(SQLHDBC handle, SQLHWND, SQLWCHAR* text, SQLSMALLINT length, SQLWCHAR*, SQLSMALLINT,
                                     SQLSMALLINT*, SQLUSMALLINT) {
-    Script& script = TheScript();
     auto& connection = As<Connection>(handle);
-    script.logins.push_back(Taken(text, length));
-    if (!script.login_refusal.empty()) return connection.Say(SQL_ERROR, script.login_refusal);
-    connection.open = true;
-    ++script.connections;
-    return connection.Say(script.login_messages.empty() ? SQL_SUCCESS : SQL_SUCCESS_WITH_INFO, script.login_messages);
+    std::vector<Message> messages;
+    connection.server = odbc_driver::LogIn(Taken(text, length), messages);
+    if (!connection.server) return connection.Say(SQL_ERROR, messages);
+    Count(&Script::connections, 1);
+    return connection.Say(messages.empty() ? SQL_SUCCESS : SQL_SUCCESS_WITH_INFO, messages);
 }
 
 SQLRETURN SQL_API SQLDisconnect(SQLHDBC handle) {
     auto& connection = As<Connection>(handle);
-    if (connection.open) --TheScript().connections;
-    connection.open = false;
+    if (connection.server) Count(&Script::connections, -1);
+    connection.server.reset();
     return SQL_SUCCESS;
 }
 
 SQLRETURN SQL_API SQLGetInfoW(SQLHDBC handle, SQLUSMALLINT type, SQLPOINTER value, SQLSMALLINT room, SQLSMALLINT* length) {
     const char16_t* text = nullptr;
-    std::u16string name = TheScript().server_name;
+    const std::u16string name = odbc_driver::ServerName();
     if (type == SQL_DBMS_NAME) text = name.c_str();
     if (type == SQL_DRIVER_ODBC_VER) text = u"03.51";
     if (text) {
@@ -252,15 +259,8 @@ SQLRETURN SQL_API SQLGetStmtAttrW(SQLHSTMT handle, SQLINTEGER attribute, SQLPOIN
 }
 
 SQLRETURN SQL_API SQLExecDirectW(SQLHSTMT handle, SQLWCHAR* text, SQLINTEGER length) {
-    Script& script = TheScript();
     auto& statement = As<Statement>(handle);
-    script.texts.push_back(Taken(text, length));
-    if (script.answers.empty()) {
-        statement.results = {Result{}};
-    } else {
-        statement.results = std::move(script.answers.front());
-        script.answers.pop_front();
-    }
+    statement.results = statement.connection.server->Run(Taken(text, length));
     statement.at = 0;
     return statement.Reach();
 }
