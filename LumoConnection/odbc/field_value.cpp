@@ -65,7 +65,7 @@ Money ReadMoney(std::string_view text) {
         } else if (c == '.' && !point) {
             point = true;
         } else if (c == '-' && digits.empty() && !point) {
-            digits = "-";
+            digits += '-';
         } else if (!(c == '$' && !any && !point) && !(c == ',' && any && !point)) {
             RaiseTypeMismatch(OneLine(text), "Money");
         }
