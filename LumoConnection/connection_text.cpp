@@ -6,7 +6,7 @@
 #include <LumoSeminar/frame/errors.h>
 
 #include <LumoConnection/ascii.h>
-#include <LumoConnection/embedded/refusal.h>
+#include <LumoConnection/error_numbers.h>
 
 namespace LumoConnection {
 namespace {
@@ -30,7 +30,7 @@ std::string Lower(std::string_view text) {
 }
 
 [[noreturn]] void RefuseText(const std::string& why) {
-    Raise(Embedded::Refused::kCannotOpen, "The connection text cannot be used: " + why);
+    Raise(Refused::kCannotOpen, "The connection text cannot be used: " + why);
 }
 
 std::vector<Entry> ReadEntries(std::string_view text) {

@@ -115,7 +115,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             Require(static_cast<bool>(session->ExecuteSql("BEGIN TRANSACTION")), "Begin", session->LastErrorText());
         const Result result = Run(*session, text);
         // Whatever the dialect lets through, SQLite has to understand.
-        if (result.number == Embedded::Refused::kStorage && !IsInterrupted(result)) {
+        if (result.number == Refused::kStorage && !IsInterrupted(result)) {
             Require(!result.error.starts_with("SQLite reports"), "Not caught", result.error);
         }
         session->ExecuteSql("ROLLBACK");

@@ -7,7 +7,7 @@
 #include <LumoConnection/embedded/lexer.h>
 #include <LumoConnection/embedded/parser.h>
 #include <LumoConnection/embedded/run.h>
-#include <LumoConnection/embedded/utf8.h>
+#include <LumoConnection/utf8.h>
 
 namespace LumoConnection::Embedded {
 namespace {

@@ -10,7 +10,6 @@
 
 namespace LumoConnection {
 
-namespace Refused = Embedded::Refused;
 using Embedded::kNoPlace;
 using Embedded::Outcome;
 using Embedded::Refusal;

@@ -4,12 +4,10 @@
 #include <string_view>
 #include <utility>
 
-#include <LumoConnection/embedded/refusal.h>
+#include <LumoConnection/error_numbers.h>
 #include <LumoConnection/odbc/wide_text.h>
 
 namespace LumoConnection::Odbc {
-
-namespace Refused = Embedded::Refused;
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include <LumoSeminar/frame/errors.h>
 
 #include <LumoConnection/ascii.h>
-#include <LumoConnection/embedded/refusal.h>
+#include <LumoConnection/error_numbers.h>
 
 namespace LumoConnection::Odbc {
 
@@ -109,9 +109,8 @@ DriverText MakeDriverText(std::string_view connection_text, std::string_view use
     if (const Entry* own = Find(entries, {kDateFormat})) {
         const bool off = SameWithoutCase(own->value, "off");
         if (!off && !SameWithoutCase(own->value, "on")) {
-            LumoSeminar::Raise(Embedded::Refused::kCannotOpen,
-                               "The connection text cannot be used: LumoDateFormat is On or Off, not " +
-                                   LumoSeminar::OneLine(own->value) + ".");
+            LumoSeminar::Raise(Refused::kCannotOpen, "The connection text cannot be used: LumoDateFormat is On or Off, not " +
+                                                         LumoSeminar::OneLine(own->value) + ".");
         }
         made.sets_date_format = !off;
         for (const Entry& entry : entries) {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <limits>
 
-#include <LumoConnection/embedded/refusal.h>
+#include <LumoConnection/error_numbers.h>
 #include <LumoConnection/odbc/wide_text.h>
 
 namespace LumoConnection::Odbc {
@@ -25,7 +25,7 @@ Link::~Link() {
 
 bool Link::Open(const Text& driver_text, Int32 timeout, Diagnostics& diagnostics) {
     if (!connection_) {
-        diagnostics.Fail(Embedded::Refused::kCannotOpen, kNoManager);
+        diagnostics.Fail(Refused::kCannotOpen, kNoManager);
         return false;
     }
     timeout_ = timeout;
@@ -41,7 +41,7 @@ bool Link::Open(const Text& driver_text, Int32 timeout, Diagnostics& diagnostics
     open_ = SQL_SUCCEEDED(code);
     if (!diagnostics.Take(code, SQL_HANDLE_DBC, connection_.Get())) return false;
     if (code == SQL_NO_DATA)
-        diagnostics.Fail(Embedded::Refused::kCannotOpen, "The driver wants to ask for more than the text says.");
+        diagnostics.Fail(Refused::kCannotOpen, "The driver wants to ask for more than the text says.");
     return open_;
 }
 
@@ -80,7 +80,7 @@ void Link::Run(const Text& sql, TextOutcome& outcome, Diagnostics& diagnostics) 
     bool first = true;
     while (first || code != SQL_NO_DATA) {
         if (code == SQL_NEED_DATA) {
-            diagnostics.Fail(Embedded::Refused::kNotCovered, "The text holds a parameter mark.");
+            diagnostics.Fail(Refused::kNotCovered, "The text holds a parameter mark.");
             return;
         }
         if (diagnostics.Take(code, SQL_HANDLE_STMT, statement.Get())) {

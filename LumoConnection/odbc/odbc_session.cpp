@@ -4,16 +4,15 @@
 #include <new>
 #include <utility>
 
-#include <LumoConnection/embedded/refusal.h>
-#include <LumoConnection/embedded/utf8.h>
+#include <LumoConnection/error_numbers.h>
 #include <LumoConnection/odbc/diagnostics.h>
 #include <LumoConnection/odbc/driver_text.h>
 #include <LumoConnection/odbc/link.h>
 #include <LumoConnection/system_user.h>
+#include <LumoConnection/utf8.h>
 
 namespace LumoConnection {
 
-namespace Refused = Embedded::Refused;
 using Odbc::Link;
 using Odbc::TextOutcome;
 
@@ -98,7 +97,7 @@ class OdbcSession::State : public Object {
         if (!link) {
             diagnostics.Fail(Refused::kNotOpen,
                              connection_text.empty() ? "The session is not connected." : "The connection is closed.");
-        } else if (Embedded::FirstBadByte(sql) != Text::npos) {
+        } else if (FirstBadByte(sql) != Text::npos) {
             diagnostics.Fail(Refused::kSyntax, "The text is not UTF-8.");
         } else if (sql.find('\0') != Text::npos) {
             diagnostics.Fail(Refused::kSyntax, "The text holds a NUL character.");
@@ -108,7 +107,7 @@ class OdbcSession::State : public Object {
 
     void OpenLink() {
         for (const Text* part : {&connection_text, &user, &password}) {
-            if (Embedded::FirstBadByte(*part) != Text::npos || part->find('\0') != Text::npos)
+            if (FirstBadByte(*part) != Text::npos || part->find('\0') != Text::npos)
                 Raise(Refused::kCannotOpen, "The connection text, user or password is not UTF-8 or holds a NUL character.");
         }
         const Odbc::DriverText made = Odbc::MakeDriverText(connection_text, user, password, SystemUser());

@@ -7,7 +7,7 @@
 #include <utility>
 
 #include <LumoConnection/ascii.h>
-#include <LumoConnection/embedded/refusal.h>
+#include <LumoConnection/error_numbers.h>
 #include <LumoConnection/odbc/field_value.h>
 
 namespace LumoConnection::Odbc {
@@ -45,8 +45,8 @@ Ref<StoredRows> ResultReader::Read(SQLSMALLINT column_count) {
             try {
                 if (!ReadField(number, columns[i], *rows)) return rows;
             } catch (const Error& error) {
-                diagnostics_.Fail(Embedded::Refused::kStorage, "The value of " + ColumnText(columns[i], number) +
-                                                                   " cannot be read. " + error.Description());
+                diagnostics_.Fail(Refused::kStorage, "The value of " + ColumnText(columns[i], number) +
+                                                         " cannot be read. " + error.Description());
                 return rows;
             }
         }

@@ -40,13 +40,14 @@ struct ListOptions {
 
 int List(Context& context, const ListOptions& options) {
     const Int32 key = ReadInt32("PERSON", options.person);
-    const auto user = options.user ? std::optional(ReadUser(*options.user)) : std::nullopt;
+    const bool asks_for_user = options.user.has_value();
+    const Int32 user = asks_for_user ? ReadUser(*options.user) : 0;
     const auto person = PersonOf(context, key, KindOfPerson::kEmployee);
     Sheet sheet = NeedHead();
-    if (user) sheet.columns.emplace_back("MayDecide");
+    if (asks_for_user) sheet.columns.emplace_back("MayDecide");
     for (const auto& need : person->colWBBedarf()->NewEnum()) {
         AddNeedRow(context, sheet, *need);
-        if (user) sheet.rows.back().emplace_back(need->BenutzerHatGenehmigungsrechte(*user) ? "yes" : "no");
+        if (asks_for_user) sheet.rows.back().emplace_back(need->BenutzerHatGenehmigungsrechte(user) ? "yes" : "no");
     }
     context.Print(sheet);
     context.Note(Counted(sheet.rows.size(), "training need"));

@@ -1,11 +1,11 @@
-#include <LumoConnection/embedded/utf8.h>
+#include <LumoConnection/utf8.h>
 
 #include <utf8proc.h>
 
 #include <cstdint>
 #include <cstring>
 
-namespace LumoConnection::Embedded {
+namespace LumoConnection {
 
 std::size_t FirstBadByte(std::string_view text) {
     constexpr std::uint64_t kHighBits = 0x8080808080808080;
@@ -31,4 +31,4 @@ std::size_t FirstBadByte(std::string_view text) {
     return std::string_view::npos;
 }
 
-}  // namespace LumoConnection::Embedded
+}  // namespace LumoConnection

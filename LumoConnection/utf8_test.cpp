@@ -1,10 +1,10 @@
-#include <LumoConnection/embedded/utf8.h>
+#include <LumoConnection/utf8.h>
 
 #include <gtest/gtest.h>
 
 #include <string>
 
-namespace LumoConnection::Embedded {
+namespace LumoConnection {
 namespace {
 
 TEST(Utf8, AllIsWellInProperText) {
@@ -34,4 +34,4 @@ TEST(Utf8, TheFirstBadByteIsFound) {
 }
 
 }  // namespace
-}  // namespace LumoConnection::Embedded
+}  // namespace LumoConnection
