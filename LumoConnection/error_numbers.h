@@ -1,9 +1,7 @@
 #pragma once
 
-namespace LumoConnection {
-
 /// The server's error numbers that sessions report of themselves.
-namespace Refused {
+namespace LumoConnection::Refused {
 inline constexpr int kSyntax = 102;
 inline constexpr int kUnclosedQuote = 105;
 inline constexpr int kFewerValues = 109;
@@ -85,6 +83,4 @@ inline constexpr int kStorage = 40001;
 inline constexpr int kNotOpen = 40002;
 /// A connection text or a file that cannot be used.
 inline constexpr int kCannotOpen = 40003;
-}  // namespace Refused
-
-}  // namespace LumoConnection
+}  // namespace LumoConnection::Refused

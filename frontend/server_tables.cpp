@@ -32,7 +32,7 @@ Text TextAt(const Ref<RecordSet>& rows, Int16 position) { return To<Text>(rows->
 
 // "nvarchar(20)"; the unlimited forms tell -1.
 Text TypeOf(const Ref<RecordSet>& rows) {
-    const Text name = TextAt(rows, 2);
+    Text name = TextAt(rows, 2);
     const Variant length = rows->Fields().Item(3).Value();
     if (length.IsNull() || name == "text" || name == "ntext") return name;
     const auto number = To<Int32>(length);

@@ -28,7 +28,7 @@ TEST(OpenSession, TheProcessObjectsWorkOnItAlsoInMemory) {
 
 TEST(OpenSession, TheLaterOneCounts) {
     const auto Open = [] {
-        const auto session = OpenSession({"Provider=Embedded;Data Source=:memory:", "", ""}, MissingFile::kRefuse).session;
+        auto session = OpenSession({"Provider=Embedded;Data Source=:memory:", "", ""}, MissingFile::kRefuse).session;
         RunScript(session, ReadScript(LUMOSEMINAR_SCHEMA_SOURCE "/process.sql"), [] {});
         return session;
     };

@@ -30,8 +30,8 @@ class Checker {
         : catalog_(catalog), variables_(variables), literals_(literals), fixed_(fixed) {}
 
     void Check(SelectStatement& statement);
-    void Check(InsertStatement& statement);
-    void Check(UpdateStatement& statement);
+    void Check(InsertStatement& insert);
+    void Check(UpdateStatement& update);
     void Check(DeleteStatement& statement);
     void Declare(DeclareStatement& statement);
     void Check(SetStatement& statement);
@@ -85,7 +85,7 @@ class Checker {
     void CheckInsertSelect(InsertStatement& insert);
 
     // Expressions (check.cpp).
-    void CheckExpression(ExpressionPtr& expression, const Scope* scope);
+    void CheckExpression(ExpressionPtr& pointer, const Scope* scope);
     void CheckBinary(ExpressionPtr& expression, BinaryNode& node, const Scope* scope);
     void CheckArithmetic(Expression& expression, BinaryNode& node);
     void CheckComparison(ExpressionPtr& left, ExpressionPtr& right);
@@ -93,7 +93,7 @@ class Checker {
     void CheckCase(Expression& expression, CaseNode& node, const Scope* scope);
     void CheckIn(InSelectNode& node, const Scope* scope, std::size_t place);
     void CheckLike(LikeNode& node, const Scope* scope);
-    void CheckCall(ExpressionPtr& expression, CallNode& node, const Scope* scope);
+    void CheckCall(ExpressionPtr& pointer, CallNode& node, const Scope* scope);
     static bool BelongsOutside(const Expression& expression, const Scope* scope);
     void CheckAggregate(Expression& expression, CallNode& node, const Scope* scope);
     void CheckRounding(Expression& expression, CallNode& node);

@@ -96,7 +96,7 @@ bool Diagnostics::Take(SQLRETURN code, SQLSMALLINT type, SQLHANDLE handle) {
     return false;
 }
 
-void Diagnostics::Fail(Int32 number, Text text) {
+void Diagnostics::Fail(Int32 number, const Text& text) {
     if (number_ == 0) number_ = number;
     records_.push_back({{}, 0, OneLineText(text)});
 }

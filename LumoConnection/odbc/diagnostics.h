@@ -15,7 +15,7 @@ class Diagnostics {
     bool Take(SQLRETURN code, SQLSMALLINT type, SQLHANDLE handle);
 
     /// A failure of our own.
-    void Fail(Int32 number, Text text);
+    void Fail(Int32 number, const Text& text);
     /// Needs no memory.
     void FailOutOfMemory() noexcept;
     void Clear();

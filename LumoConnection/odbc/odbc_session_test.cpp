@@ -35,7 +35,7 @@ class OdbcSessionTest : public testing::Test {
     Ref<OdbcSession> session_ = New<OdbcSession>();
 };
 
-Result Rows(std::vector<long long> numbers) {
+Result Rows(const std::vector<long long>& numbers) {
     Result result{.columns = {{.name = u"ID", .type = SQL_INTEGER}}};
     for (const long long number : numbers) result.rows.push_back({Cell(number)});
     return result;

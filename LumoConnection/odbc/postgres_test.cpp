@@ -179,14 +179,14 @@ TEST_F(OnPostgres, ALostConnectionIsClosedAndOpensAgain) {
 TEST_F(OnPostgres, SessionsOfSeveralThreadsDoNotDisturbEachOther) {
     std::array<int, 4> sums{};
     std::vector<std::thread> threads;
-    for (std::size_t i = 0; i < sums.size(); ++i) {
-        threads.emplace_back([&sums, i, text = server_->ConnectionText()] {
+    for (int& sum : sums) {
+        threads.emplace_back([&sum, text = server_->ConnectionText()] {
             const auto own = New<OdbcSession>();
             if (!own->Connect(text, "", "", 30)) return;
             for (int n = 1; n <= 50; ++n) {
                 const Variant value = own->LookupValue("max(g)", "generate_series(1, " + std::to_string(n) + ") g", "");
                 own->OpenSelect("SELECT nichts");
-                if (!value.IsNull()) sums[i] += To<Int32>(value);
+                if (!value.IsNull()) sum += To<Int32>(value);
             }
         });
     }

@@ -38,7 +38,7 @@ Ref<StoredRows> ResultReader::Read(SQLSMALLINT column_count) {
         if (!Describe(static_cast<SQLUSMALLINT>(i + 1), columns[i])) return {};
         names.push_back(columns[i].name);
     }
-    const auto rows = New<StoredRows>(std::move(names));
+    auto rows = New<StoredRows>(std::move(names));
     while (Fetch()) {
         for (std::size_t i = 0; i < columns.size(); ++i) {
             const auto number = static_cast<SQLUSMALLINT>(i + 1);

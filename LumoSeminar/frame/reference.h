@@ -67,7 +67,7 @@ class Ref {
 template <class Owner>
 class MadeBy {
     friend Owner;
-    explicit MadeBy() {}
+    explicit MadeBy() = default;
 };
 
 /// Creates an object and the first reference to it.

@@ -4,7 +4,6 @@ namespace frontend {
 namespace {
 
 using testing::HasSubstr;
-using testing::Not;
 using testing::StartsWith;
 
 // Entry 57 is the first that is made: that of employee 130 for date 71, which costs something and has places.

@@ -7,8 +7,9 @@ namespace {
 
 using namespace LumoSeminar;
 
-std::vector<DateTime> DaysIn(int year, unsigned month, std::vector<unsigned> days) {
+std::vector<DateTime> DaysIn(int year, unsigned month, const std::vector<unsigned>& days) {
     std::vector<DateTime> result;
+    result.reserve(days.size());
     for (const unsigned day : days) result.push_back(DateTime::Of(year, month, day));
     return result;
 }

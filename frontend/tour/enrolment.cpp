@@ -84,7 +84,7 @@ class EnrolmentChapter {
 
     // A new record for the person on the date.
     Ref<clsTeilnehmer> NewRecord(clsTermin& date, Int32 employee) {
-        const auto record = date.clscolTeilnehmer()->AddEmptyObject().As<clsTeilnehmer>();
+        auto record = date.clscolTeilnehmer()->AddEmptyObject().As<clsTeilnehmer>();
         record->MDNR(client_);
         record->ANNr(employee);
         return record;
