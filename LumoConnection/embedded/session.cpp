@@ -6,6 +6,7 @@
 
 #include <LumoConnection/connection_text.h>
 #include <LumoConnection/embedded/database.h>
+#include <LumoConnection/lookup_text.h>
 #include <LumoConnection/system_user.h>
 
 namespace LumoConnection {
@@ -222,10 +223,9 @@ Bool EmbeddedSession::ExecuteSql(const Text& sql) {
 
 Variant EmbeddedSession::LookupValue(const Text& expression, const Text& table, const Text& where) {
     try {
-        Text sql = "SELECT " + expression + " FROM " + table;
-        if (!where.empty()) sql += " WHERE " + where;
         Outcome outcome;
-        if (!state_->Try(sql, outcome) || !outcome.rows || outcome.rows->Eof()) return Variant::Null();
+        if (!state_->Try(LookupText(expression, table, where), outcome) || !outcome.rows || outcome.rows->Eof())
+            return Variant::Null();
         RecordSet& rows = *outcome.rows;
         return rows.Fields().Item(Int16{0}).Value();
     } catch (const std::bad_alloc&) {

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include <LumoConnection/error_numbers.h>
+#include <LumoConnection/lookup_text.h>
 #include <LumoConnection/odbc/diagnostics.h>
 #include <LumoConnection/odbc/driver_text.h>
 #include <LumoConnection/odbc/link.h>
@@ -173,10 +174,8 @@ Bool OdbcSession::ExecuteSql(const Text& sql) {
 
 Variant OdbcSession::LookupValue(const Text& expression, const Text& table, const Text& where) {
     try {
-        Text sql = "SELECT " + expression + " FROM " + table;
-        if (!where.empty()) sql += " WHERE " + where;
         TextOutcome outcome;
-        if (!state_->Try(sql, outcome) || outcome.rows->Eof()) return Variant::Null();
+        if (!state_->Try(LookupText(expression, table, where), outcome) || outcome.rows->Eof()) return Variant::Null();
         RecordSet& rows = *outcome.rows;
         return rows.Fields().Item(Int16{0}).Value();
     } catch (const std::bad_alloc&) {

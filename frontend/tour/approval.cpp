@@ -5,6 +5,7 @@
 
 #include <LumoConnection/process/process_objects.h>
 
+#include "frontend/commands/requests.h"
 #include "frontend/output/counted.h"
 #include "frontend/output/findings.h"
 #include "frontend/output/sheet.h"
@@ -237,13 +238,8 @@ class ApprovalChapter {
         Variant result;
         page_.Call(fmt::format("person->TeilnahmeZustimmen({}, {})", date_->SemTerminID(), kUser),
                    [&] { result = Person(employee)->TeilnahmeZustimmen(date_->SemTerminID(), kUser); });
-        page_.Outcome(!result.IsEmpty() && To<Bool>(result), fmt::format("entry {}: {}", key, EntryState(key)));
-    }
-
-    Text EntryState(Int32 key) const {
-        const auto process = MakeInfoDispatcher();
-        process->Initialisieren(kWaitList, key, client_, employees_[2].number);
-        return process->ProzessStatusText();
+        page_.Outcome(!result.IsEmpty() && To<Bool>(result),
+                      fmt::format("entry {}: {}", key, ProcessOf(*Waiting())->ProzessStatusText()));
     }
 
     Ref<clsSemWarteliste> Waiting() const {
@@ -259,7 +255,7 @@ class ApprovalChapter {
         page_.Call(fmt::format("person->TeilnahmeZustimmen({}, {})", date_->SemTerminID(), kUser),
                    [&] { Person(employees_[2])->TeilnahmeZustimmen(date_->SemTerminID(), kUser); });
         page_.Outcome(Waiting()->SemWartelisteID() == entry->SemWartelisteID() && Waiting()->Status() == 1,
-                      fmt::format("status 1: {}", EntryState(entry->SemWartelisteID())));
+                      fmt::format("status 1: {}", ProcessOf(*entry)->ProzessStatusText()));
     }
 
     void ApproveConsent() {
