@@ -6,7 +6,8 @@
 
 int main(int argc, char** argv) {
     try {
-        return frontend::Program().Run(argc, argv);
+        frontend::Context context;
+        return frontend::Program(context).Run({argv + 1, argv + argc});
     } catch (const std::exception& error) {
         std::fprintf(stderr, "lumoseminar: %s\n", error.what());
     } catch (...) {

@@ -11,11 +11,21 @@ enum class Format { kTable, kJson, kCsv };
 struct GeneralOptions {
     /// As typed; see Context::ConnectionText for what counts without it.
     std::optional<std::string> connect;
+    /// A file of the embedded database.
+    std::optional<std::string> database;
     std::string user;
     std::string password;
+    std::optional<std::string> client_typed;
     std::optional<int> client;
     bool trace = false;
+    bool verbose = false;
+    bool dry_run = false;
+    bool yes = false;
+    bool no_pager = false;
+    std::string format_typed;
     Format format = Format::kTable;
+    bool help = false;
+    bool version = false;
 };
 
 }  // namespace frontend

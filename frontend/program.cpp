@@ -5,98 +5,82 @@
 #include <cstdio>
 #include <cstdlib>
 #include <iostream>
-#include <memory>
 #include <utility>
 
+#include "frontend/command_line/help.h"
+#include "frontend/command_line/parser.h"
 #include "frontend/commands/commands.h"
 #include "frontend/exit_codes.h"
 #include "frontend/output/screen_text.h"
+#include "frontend/output/terminal.h"
+#include "frontend/read_value.h"
 
 namespace frontend {
 namespace {
 
-// Options without their long lines.
-class Formatter final : public CLI::Formatter {
-  public:
-    Formatter() {
-        label("SUBCOMMAND", "COMMAND");
-        label("SUBCOMMANDS", "COMMANDS");
-    }
-
-    std::string make_option_desc(const CLI::Option* option) const override {
-        std::string description;
-        for (const auto& line : Wrap(option->get_description(), 80 - static_cast<int>(get_column_width()))) {
-            description += (description.empty() ? "" : "\n") + line;
-        }
-        return description;
-    }
-};
-
-constexpr const char* kCommandFooter = "General options, formats and exit codes: lumoseminar --help";
-
-constexpr const char* kFooter =
+constexpr const char* kRemark =
     "General options may stand before or behind the command.\n"
     "\n"
-    "Formats: a table is for people; json and csv are for programs. In JSON money is a\n"
-    "number with two to four decimals, written out exactly (a reader that takes\n"
-    "numbers as doubles may round it from 15 digits on), a moment is a text\n"
+    "Formats: a table is for people; json and csv are for programs. In JSON money is a number with two to four decimals, "
+    "written out exactly (a reader that takes numbers as doubles may round it from 15 digits on), a moment is a text "
     "\"yyyy-mm-ddThh:mm:ss\", NULL is null. In CSV NULL is nothing, the empty text \"\".\n"
     "\n"
     "Exit codes: 0 done, 1 refused or with findings, 2 wrong usage.\n"
     "\n"
-    "Environment: LUMOSEMINAR_CONNECT and LUMOSEMINAR_PASSWORD stand in for --connect\n"
-    "and --password, LUMOSEMINAR_SCHEMA names the folder of schema.sql and the like,\n"
-    "NO_COLOR turns colours off.";
+    "Environment: LUMOSEMINAR_CONNECT and LUMOSEMINAR_PASSWORD stand in for --connect and --password, LUMOSEMINAR_SCHEMA "
+    "names the folder of schema.sql and the like, NO_COLOR turns colours off.";
+
+Format ReadFormat(const std::string& typed) {
+    if (typed == "json") return Format::kJson;
+    if (typed == "csv") return Format::kCsv;
+    return Format::kTable;
+}
+
+void ReadGeneralOptions(GeneralOptions& options) {
+    options.format = ReadFormat(options.format_typed);
+    if (options.client_typed) options.client = ReadInt32("--client", *options.client_typed);
+}
+
+int ReportUsage(const std::string& message, const std::string& command) {
+    fmt::print(stderr, "lumoseminar: {}\nTry \"{} --help\".\n", Visible(message), command);
+    return kUsage;
+}
+
+int HelpWidth() {
+    const int width = TerminalOf(stdout).width;
+    return width == 0 ? 80 : std::min(width, 120);
+}
+
+std::string MissingCommand(const Command& group) {
+    std::string names;
+    for (const auto& one : group.Commands()) names += (names.empty() ? "" : ", ") + one.Name();
+    return "A command is missing: " + names + ".";
+}
 
 }  // namespace
 
-CLI::Validator FileThatExists() { return CLI::Validator(CLI::ExistingFile).description(""); }
-
-Program::Program() : app_("Seminar administration on the command line.", "lumoseminar") {
-    app_.fallthrough();
-    app_.require_subcommand(1);
-    app_.formatter(std::make_shared<Formatter>());
-    app_.footer(kCommandFooter);
-    app_.set_version_flag("--version", "lumoseminar " LUMOSEMINAR_VERSION, "Print the version and end");
-    auto& options = context_.options;
-    app_.add_option("--connect", options.connect,
-                    "The database: \"Provider=Embedded;Data Source=FILE\" (or :memory:), otherwise an ODBC connection "
-                    "text [LUMOSEMINAR_CONNECT, otherwise the file lumoseminar.db in the working folder]")
-        ->type_name("TEXT");
-    app_.add_option("--user", options.user, "User name for the database")->type_name("TEXT");
-    if (const char* password = std::getenv("LUMOSEMINAR_PASSWORD")) options.password = password;
-    app_.add_option("--password", options.password, "Password for the database [LUMOSEMINAR_PASSWORD]")->type_name("TEXT");
-    app_.add_option("--client", options.client, "Number of the client [the active client, otherwise 1]")->type_name("N");
-    app_.add_flag("--trace", options.trace, "Show each statement with its time and rows on standard error");
-    static const std::map<std::string, Format> formats{
-        {"table", Format::kTable}, {"json", Format::kJson}, {"csv", Format::kCsv}};
-    app_.add_option_function<std::string>(
-            "--format",
-            [this](const std::string& name) {
-                const auto format = formats.find(name);
-                if (format == formats.end()) {
-                    throw CLI::ValidationError("--format", LumoSeminar::OneLine(name) + " is none of table, json, csv.");
-                }
-                context_.options.format = format->second;
-            },
-            "How data is printed: table, json or csv [table]")
-        ->type_name("FORMAT");
-    for (const auto add : kCommands) add(*this);
-    app_.footer(kFooter);
+void DescribeProgram(Command& program, GeneralOptions& options) {
+    program.Option("--connect", &options.connect, "TEXT",
+                   "The database: \"Provider=Embedded;Data Source=FILE\" (or :memory:), otherwise an ODBC connection text "
+                   "[LUMOSEMINAR_CONNECT, otherwise the file lumoseminar.db in the working folder]");
+    program.Option("--user", &options.user, "TEXT", "User name for the database");
+    program.Option("--password", &options.password, "TEXT", "Password for the database [LUMOSEMINAR_PASSWORD]");
+    program.Option("--client", &options.client_typed, "N", "Number of the client [the active client, otherwise 1]");
+    program.Flag("--trace", options.trace, "Show each statement with its time and rows on standard error");
+    program.Option("--format", &options.format_typed, "FORMAT", "How data is printed: table, json or csv [table]")
+        .OneOf({"table", "json", "csv"});
+    program.Flag("--help", options.help, "Print what the command takes, and end");
+    program.Flag("--version", options.version, "Print the version and end");
+    program.Remark(kRemark);
+    AddCommands(program);
 }
 
-CLI::App* Program::AddCommand(const std::string& name, const std::string& description) {
-    return app_.add_subcommand(name, description)->group("Commands");
-}
-
-void Program::OnCommand(CLI::App* command, Action action) { actions_[command] = std::move(action); }
-
-int Program::Run(int argc, const char* const* argv) {
+int Program::Run(const std::vector<std::string>& words) {
     int code = kRefused;
     try {
-        code = ParseAndAct(argc, argv);
+        code = Act(words);
     } catch (const UsageError& error) {
-        code = ReportUsage(error.what());
+        code = ReportUsage(error.what(), "lumoseminar");
     } catch (const LumoSeminar::Error& error) {
         Report(error);
     } catch (const std::exception& error) {
@@ -112,36 +96,34 @@ int Program::Run(int argc, const char* const* argv) {
     return code;
 }
 
-int Program::ParseAndAct(int argc, const char* const* argv) {
+int Program::Act(const std::vector<std::string>& words) {
+    auto& options = context_.options;
+    if (const char* password = std::getenv("LUMOSEMINAR_PASSWORD"); password != nullptr && options.password.empty()) {
+        options.password = password;
+    }
+    Command program("lumoseminar", "Seminar administration on the command line");
+    DescribeProgram(program, options);
+    const auto chosen = ChooseCommand(program, words);
     try {
-        app_.parse(argc, argv);
-    } catch (const CLI::Success& request) {
-        return app_.exit(request, std::cout, std::cerr);
-    } catch (const CLI::RequiredError& error) {
-        const auto left = app_.remaining(true);
-        if (Innermost()->get_subcommands({}).empty()) return ReportUsage(error.what());
-        if (left.empty()) return ReportUsage("A command is missing.");
-        return ReportUsage("There is no command " + LumoSeminar::OneLine(left.front()) + ".");
-    } catch (const CLI::ParseError& error) {
-        return ReportUsage(error.what());
+        if (IsHelpWanted(chosen)) {
+            fmt::print("{}", HelpText(chosen.path, HelpWidth()));
+            return kDone;
+        }
+        ReadWords(chosen);
+        ReadGeneralOptions(options);
+        if (options.version) {
+            fmt::print("lumoseminar {}\n", LUMOSEMINAR_VERSION);
+            return kDone;
+        }
+        if (words.empty()) {
+            fmt::print("{}", HelpText(chosen.path, HelpWidth()));
+            return kUsage;
+        }
+        if (!chosen.Innermost().Act()) throw UsageError(MissingCommand(chosen.Innermost()));
+        return chosen.Innermost().Act()(context_);
+    } catch (const UsageError& error) {
+        return ReportUsage(error.what(), NameOf(chosen.path));
     }
-    return actions_.at(Innermost())();
-}
-
-int Program::ReportUsage(const std::string& message) {
-    std::string command = "lumoseminar";
-    for (const CLI::App* at = &app_; !at->get_subcommands().empty();) {
-        at = at->get_subcommands().back();
-        command += ' ' + at->get_name();
-    }
-    fmt::print(stderr, "lumoseminar: {}\nTry \"{} --help\".\n", Visible(message), command);
-    return kUsage;
-}
-
-const CLI::App* Program::Innermost() const {
-    const CLI::App* at = &app_;
-    while (!at->get_subcommands().empty()) at = at->get_subcommands().back();
-    return at;
 }
 
 }  // namespace frontend

@@ -1,46 +1,31 @@
 #pragma once
 
-#include <CLI/CLI.hpp>
-
-#include <functional>
-#include <map>
 #include <string>
+#include <vector>
 
+#include "frontend/command_line/command.h"
 #include "frontend/context.h"
 
 namespace frontend {
 
-/// Does the work of a command and gives the exit code.
-using Action = std::function<int()>;
+/// The commands of the program and its general options, described. What is typed behind the general options goes to
+/// the options given.
+/// @param options  has to live as long as the result
+void DescribeProgram(Command& program, GeneralOptions& options);
 
-/// A check for options that name a file to be read.
-CLI::Validator FileThatExists();
-
-/// The command line of the program. Each command adds itself and says what it does when it was chosen.
+/// Carries out command lines, one after the other on one session.
 class Program {
   public:
-    Program();
+    explicit Program(Context& context) : context_(context) {}
 
-    /// A command of the program.
-    CLI::App* AddCommand(const std::string& name, const std::string& description);
-
-    /// What to do where `command` is the innermost one typed.
-    void OnCommand(CLI::App* command, Action action);
-
-    Context& Work() { return context_; }
-
-    /// Never raises.
-    /// @return the exit code
-    int Run(int argc, const char* const* argv);
+    /// @param words  without the name of the program
+    /// @return the exit code. Never raises; what fails is told on standard error.
+    int Run(const std::vector<std::string>& words);
 
   private:
-    int ParseAndAct(int argc, const char* const* argv);
-    int ReportUsage(const std::string& message);
-    const CLI::App* Innermost() const;
+    int Act(const std::vector<std::string>& words);
 
-    CLI::App app_;
-    Context context_;
-    std::map<const CLI::App*, Action> actions_;
+    Context& context_;
 };
 
 }  // namespace frontend

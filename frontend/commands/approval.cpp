@@ -7,15 +7,16 @@
 #include <optional>
 #include <string>
 
+#include "frontend/commands/arguments.h"
 #include "frontend/commands/columns.h"
 #include "frontend/commands/commands.h"
 #include "frontend/commands/lists.h"
 #include "frontend/commands/need_record.h"
 #include "frontend/commands/persons.h"
 #include "frontend/commands/requests.h"
+#include "frontend/context.h"
 #include "frontend/exit_codes.h"
 #include "frontend/output/screen_text.h"
-#include "frontend/program.h"
 #include "frontend/read_value.h"
 
 namespace frontend {
@@ -68,10 +69,10 @@ int TellNoEntry(const Request& request) {
     return kRefused;
 }
 
-void AddRequest(CLI::App* command, TypedRequest& typed, const char* user_help) {
-    command->add_option("DATE", typed.date, "SemTerminID of the date")->required()->type_name("N");
-    command->add_option("PERSON", typed.person, "Number of the employee")->required()->type_name("N");
-    AddUserOption(command, typed.user, user_help)->required();
+void AddRequest(Command& command, TypedRequest& typed, const char* user_help) {
+    TakeDate(command, &typed.date);
+    TakeEmployee(command, &typed.person);
+    AddUserOption(command, typed.user, user_help).Required();
 }
 
 constexpr const char* kElsewhereHelp = "Enter it as one from elsewhere (Herkunft 4) [3]";
@@ -206,46 +207,45 @@ int Withdraw(Context& context, const TypedRequest& typed) {
 
 }  // namespace
 
-void AddConsent(Program& program) {
-    auto* command = program.AddCommand("consent", "Consent that a person attends a date, or to a training need with a date");
+void AddConsent(Command& program) {
+    auto& command = program.Add("consent", "Consent that a person attends a date, or to a training need with a date");
     const auto options = std::make_shared<ConsentOptions>();
-    command->add_option("DATE", options->date, "SemTerminID of the date")->required()->type_name("N");
-    command->add_option("PERSON", options->person, "Number of the employee")->type_name("N");
-    auto* need =
-        command->add_option("--need", options->need, "WBID of the training need, in place of PERSON")->type_name("N");
-    AddUserOption(command, options->user, "Number of the user who consents")->required();
-    command->add_flag("--elsewhere", options->elsewhere, kElsewhereHelp)->excludes(need);
-    command->footer(
+    TakeDate(command, &options->date);
+    command.Argument("PERSON", &options->person, "Number of the employee");
+    command.Option("--need", &options->need, "N", "WBID of the training need, in place of PERSON");
+    AddUserOption(command, options->user, "Number of the user who consents").Required();
+    command.Flag("--elsewhere", options->elsewhere, kElsewhereHelp).Excludes("--need");
+    command.Remark(
         "For a person: an entry on the wait-list of the date gets its consent again; without one an entry is made and its\n"
         "process opened. For a need: the consent counts in the process of the need. Once that is approved the employee\n"
         "comes on the wait-list of the date, with an entry that has no process of its own yet.");
-    program.OnCommand(command, [&program, options] { return Consent(program.Work(), *options); });
+    command.Does([options](Context& context) { return Consent(context, *options); });
 }
 
-void AddApprove(Program& program) {
-    auto* command = program.AddCommand("approve", "Approve a request on the wait-list of a date");
+void AddApprove(Command& program) {
+    auto& command = program.Add("approve", "Approve a request on the wait-list of a date");
     const auto options = std::make_shared<ApproveOptions>();
     AddRequest(command, *options, "Number of the user who decides");
-    auto* elsewhere = command->add_flag("--elsewhere", options->elsewhere, kElsewhereHelp);
-    auto* without = command
-                        ->add_flag("--without-process", options->without_process,
-                                   "Make the participant at once, whatever the state of the process (Herkunft 5)")
-                        ->excludes(elsewhere);
-    command->add_flag("--remove-entry", options->remove_entry, "Remove the entry once the participant is made")->needs(without);
-    command->footer(
+    command.Flag("--elsewhere", options->elsewhere, kElsewhereHelp);
+    command
+        .Flag("--without-process", options->without_process,
+              "Make the participant at once, whatever the state of the process (Herkunft 5)")
+        .Excludes("--elsewhere");
+    command.Flag("--remove-entry", options->remove_entry, "Remove the entry once the participant is made").Needs("--without-process");
+    command.Remark(
         "The approval counts in the process of the request. With the last one the person becomes a participant, and the\n"
         "costs of the date a cost line; the entry stays. Neither the consent nor what speaks against it (check) is looked\n"
         "at. Where the person is a participant already nobody is enrolled, but the approval stays recorded. The process is\n"
         "not told of what is done without it.");
-    program.OnCommand(command, [&program, options] { return Approve(program.Work(), *options); });
+    command.Does([options](Context& context) { return Approve(context, *options); });
 }
 
-void AddWithdraw(Program& program) {
-    auto* command = program.AddCommand("withdraw", "Withdraw the consent to a request on the wait-list of a date");
+void AddWithdraw(Command& program) {
+    auto& command = program.Add("withdraw", "Withdraw the consent to a request on the wait-list of a date");
     const auto typed = std::make_shared<TypedRequest>();
     AddRequest(command, *typed, "Number of the user who withdraws it");
-    command->footer("The entry stays, and its process is not told.");
-    program.OnCommand(command, [&program, typed] { return Withdraw(program.Work(), *typed); });
+    command.Remark("The entry stays, and its process is not told.");
+    command.Does([typed](Context& context) { return Withdraw(context, *typed); });
 }
 
 }  // namespace frontend

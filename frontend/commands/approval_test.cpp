@@ -346,23 +346,23 @@ TEST_F(ApprovalCommands, ForPrograms) {
 
 TEST_F(ApprovalCommands, WrongUsageChangesNothing) {
     const int before = Entries();
-    ExpectUsage(Run({"consent"}), "DATE is required", "consent");
-    ExpectUsage(Run({"consent", "71", "130"}), "--user-id is required", "consent");
+    ExpectUsage(Run({"consent"}), "DATE is missing: SemTerminID of the date.", "consent");
+    ExpectUsage(Run({"consent", "71", "130"}), "--user-id is missing: Number of the user who consents.", "consent");
     ExpectUsage(Run({"consent", "71", "--user-id", "1"}), "Give one of PERSON and --need KEY.", "consent");
     ExpectUsage(Run({"consent", "71", "130", "--need", "1", "--user-id", "1"}), "Give one of PERSON and --need KEY.", "consent");
     ExpectUsage(Run({"consent", "71", "--need", "x", "--user-id", "1"}), "--need: \"x\" is not a whole number.", "consent");
     ExpectUsage(Run({"consent", "71", "Kölbl", "--user-id", "1"}), "PERSON: \"Kölbl\" is not a whole number.", "consent");
-    ExpectUsage(Run(With(ForNeed(71, 31, kFirst), {"--elsewhere"})), "--need excludes --elsewhere", "consent");
+    ExpectUsage(Run(With(ForNeed(71, 31, kFirst), {"--elsewhere"})), "Give --need or --elsewhere, not both.", "consent");
     for (const std::string command : {"approve", "withdraw"}) {
-        ExpectUsage(Run({command, "71", "--user-id", "1"}), "PERSON is required", command);
-        ExpectUsage(Run({command, "71", "130"}), "--user-id is required", command);
+        ExpectUsage(Run({command, "71", "--user-id", "1"}), "PERSON is missing: Number of the employee.", command);
+        ExpectUsage(Run({command, "71", "130"}), "--user-id is missing: ??.", command);
         ExpectUsage(Run({command, "x", "130", "--user-id", "1"}), "DATE: \"x\" is not a whole number.", command);
         ExpectUsage(Run({command, "71", "130", "--user-id", "lena"}), "--user-id: \"lena\" is not a whole number.", command);
     }
-    ExpectUsage(Run(Step("approve", 71, 130, kFirst, {"--remove-entry"})), "--remove-entry requires --without-process",
-                "approve");
+    ExpectUsage(Run(Step("approve", 71, 130, kFirst, {"--remove-entry"})),
+                "--remove-entry goes with --without-process only.", "approve");
     ExpectUsage(Run(Step("approve", 71, 130, kFirst, {"--without-process", "--elsewhere"})),
-                "--elsewhere excludes --without-process", "approve");
+                "Give --elsewhere or --without-process, not both.", "approve");
     EXPECT_EQ(Entries(), before);
     EXPECT_EQ(Count("Sem_ProzessSchritt_IT"), 0);
 }

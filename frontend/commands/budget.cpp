@@ -5,9 +5,9 @@
 
 #include "frontend/commands/columns.h"
 #include "frontend/commands/commands.h"
+#include "frontend/context.h"
 #include "frontend/exit_codes.h"
 #include "frontend/output/counted.h"
-#include "frontend/program.h"
 #include "frontend/read_value.h"
 
 namespace frontend {
@@ -47,15 +47,14 @@ int Of(Context& context, DateTime day) {
 
 }  // namespace
 
-void AddBudget(Program& program) {
-    auto* budget = program.AddCommand("budget", "The budget years: list, of a day");
-    budget->require_subcommand(1);
-    auto* list = budget->add_subcommand("list", "List the budget years, the earliest first");
-    program.OnCommand(list, [&program] { return List(program.Work()); });
-    auto* of = budget->add_subcommand("of", "Show the budget year that a day lies in");
+void AddBudget(Command& program) {
+    auto& budget = program.Add("budget", "The budget years: list, of a day");
+    auto& list = budget.Add("list", "List the budget years, the earliest first");
+    list.Does([](Context& context) { return List(context); });
+    auto& of = budget.Add("of", "Show the budget year that a day lies in");
     const auto day = std::make_shared<std::string>();
-    of->add_option("DAY", *day, "The day, as 31.12.2010 or 2010-12-31")->required()->type_name("");
-    program.OnCommand(of, [&program, day] { return Of(program.Work(), ReadDay("DAY", *day)); });
+    of.Argument("DAY", day.get(), "The day, as 31.12.2010 or 2010-12-31").Required();
+    of.Does([day](Context& context) { return Of(context, ReadDay("DAY", *day)); });
 }
 
 }  // namespace frontend

@@ -3,13 +3,14 @@
 #include <memory>
 #include <string>
 
+#include "frontend/commands/arguments.h"
 #include "frontend/commands/commands.h"
 #include "frontend/commands/lists.h"
 #include "frontend/commands/persons.h"
+#include "frontend/context.h"
 #include "frontend/exit_codes.h"
 #include "frontend/output/counted.h"
 #include "frontend/output/findings.h"
-#include "frontend/program.h"
 #include "frontend/read_value.h"
 
 namespace frontend {
@@ -48,23 +49,21 @@ int Check(Context& context, const CheckOptions& options) {
 
 }  // namespace
 
-void AddCheck(Program& program) {
-    auto* command = program.AddCommand("check", "Tell what speaks against a person's request for a date");
+void AddCheck(Command& program) {
+    auto& command = program.Add("check", "Tell what speaks against a person's request for a date");
     const auto options = std::make_shared<CheckOptions>();
-    command->add_option("DATE", options->date, "SemTerminID of the date")->required()->type_name("N");
-    command->add_option("PERSON", options->person, "Number of the employee, key of the applicant or temporary worker")
-        ->required()
-        ->type_name("N");
+    TakeDate(command, &options->date);
+    TakePerson(command, &options->person);
     AddKindOption(command, options->kind);
-    command->add_flag("--no-check-seminar", options->no_check_seminar, "Do not look for open dates of the same seminar");
-    command->add_flag("--no-check-taken", options->no_check_taken, "Do not look whether the seminar was taken before");
-    command->add_flag("--no-check-prerequisites", options->no_check_prerequisites, "Do not look at prerequisites");
-    command->add_flag("--german", options->german, "Tell the findings in German");
-    command->footer(
+    command.Flag("--no-check-seminar", options->no_check_seminar, "Do not look for open dates of the same seminar");
+    command.Flag("--no-check-taken", options->no_check_taken, "Do not look whether the seminar was taken before");
+    command.Flag("--no-check-prerequisites", options->no_check_prerequisites, "Do not look at prerequisites");
+    command.Flag("--german", options->german, "Tell the findings in German");
+    command.Remark(
         "Nothing is written, and approve does not ask for it. The checks are not told the client: of an employee they find\n"
         "only what is entered without one. Of anybody else they are not told the person either, and take each participant\n"
         "of the date for it. participants enrol checks with both, before it writes.");
-    program.OnCommand(command, [&program, options] { return Check(program.Work(), *options); });
+    command.Does([options](Context& context) { return Check(context, *options); });
 }
 
 }  // namespace frontend

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <fmt/format.h>
-#include <CLI/CLI.hpp>
 
 #include <cstddef>
 #include <memory>
@@ -15,6 +14,7 @@
 
 #include <LumoSeminar/LumoSeminar.h>
 
+#include "frontend/command_line/command.h"
 #include "frontend/exit_codes.h"
 #include "frontend/output/sheet.h"
 
@@ -149,13 +149,11 @@ struct ColumnTable {
     }
 
     /// An option for each column.
-    std::shared_ptr<TypedValues> AddOptions(CLI::App* command) const {
+    std::shared_ptr<TypedValues> AddOptions(Command& command) const {
         auto values = std::make_shared<TypedValues>(columns.size());
         for (std::size_t i = 0; i < columns.size(); ++i) {
-            command
-                ->add_option("--" + std::string(columns[i].option), values->at(i),
-                             fmt::format("{} ({})", columns[i].help, columns[i].name))
-                ->type_name(TypeName(columns[i].ValueForm()));
+            command.Option("--" + std::string(columns[i].option), &values->at(i), TypeName(columns[i].ValueForm()),
+                           fmt::format("{} ({})", columns[i].help, columns[i].name));
         }
         return values;
     }

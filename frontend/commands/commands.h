@@ -1,34 +1,31 @@
 #pragma once
 
+#include "frontend/command_line/command.h"
+
 namespace frontend {
 
-class Program;
-
 // A command a file: it declares its options and says what it does.
-void AddApprove(Program& program);
-void AddBudget(Program& program);
-void AddCheck(Program& program);
-void AddConsent(Program& program);
-void AddDates(Program& program);
-void AddDays(Program& program);
-void AddFocus(Program& program);
-void AddInit(Program& program);
-void AddInterest(Program& program);
-void AddNeeds(Program& program);
-void AddParticipants(Program& program);
-void AddPersons(Program& program);
-void AddSeminars(Program& program);
-void AddSeries(Program& program);
-void AddSql(Program& program);
-void AddTables(Program& program);
-void AddTour(Program& program);
-void AddWaitlist(Program& program);
-void AddWithdraw(Program& program);
+void AddApprove(Command& program);
+void AddBudget(Command& program);
+void AddCheck(Command& program);
+void AddConsent(Command& program);
+void AddDates(Command& program);
+void AddDays(Command& program);
+void AddFocus(Command& program);
+void AddInit(Command& program);
+void AddInterest(Command& program);
+void AddNeeds(Command& program);
+void AddParticipants(Command& program);
+void AddPersons(Command& program);
+void AddSeminars(Command& program);
+void AddSeries(Command& program);
+void AddSql(Command& program);
+void AddTables(Command& program);
+void AddTour(Command& program);
+void AddWaitlist(Command& program);
+void AddWithdraw(Command& program);
 
-/// In the order of the help.
-inline constexpr void (*kCommands[])(Program&) = {AddInit,         AddSeminars, AddDates,    AddDays,    AddSeries,
-                                                  AddParticipants, AddWaitlist, AddInterest, AddNeeds,   AddConsent,
-                                                  AddCheck,        AddApprove,  AddWithdraw, AddPersons, AddFocus,
-                                                  AddBudget,       AddSql,      AddTables,   AddTour};
+/// All of them, in the order of the help.
+void AddCommands(Command& program);
 
 }  // namespace frontend

@@ -33,7 +33,7 @@ enum class By { kNothing = 0, kYear = 1, kMonth = 2, kBudget = 3 };
 
 struct ListOptions {
     std::optional<std::string> seminar;
-    By by = By::kNothing;
+    std::string by;
     std::string filter;
     bool all_columns = false;
 };
@@ -134,10 +134,10 @@ void PrintTree(const Context& context, Sheet sheet, const Tree& tree, bool all_c
     context.Print(sheet);
 }
 
-void ListInGroups(Context& context, colTermine& list, std::vector<Listed> dates, Int32 seminar, const ListOptions& options) {
-    if (options.by == By::kBudget) FindOpenOnes(context, seminar, dates);
-    auto groups = GroupsOf(context, list, options.by);
-    auto others = OfAllOthers(options.by);
+void ListInGroups(Context& context, colTermine& list, std::vector<Listed> dates, Int32 seminar, By by, bool all_columns) {
+    if (by == By::kBudget) FindOpenOnes(context, seminar, dates);
+    auto groups = GroupsOf(context, list, by);
+    auto others = OfAllOthers(by);
     others.holds = [&](const Listed& one) {
         return std::ranges::none_of(groups, [&](const Group& group) { return group.holds(one); });
     };
@@ -149,10 +149,18 @@ void ListInGroups(Context& context, colTermine& list, std::vector<Listed> dates,
     };
     std::ranges::for_each(groups, AddGroup);
     AddGroup(others);
-    PrintTree(context, Head(options.all_columns), tree, options.all_columns);
+    PrintTree(context, Head(all_columns), tree, all_columns);
+}
+
+By ReadBy(const std::string& name) {
+    if (name == "year") return By::kYear;
+    if (name == "month") return By::kMonth;
+    if (name == "budget") return By::kBudget;
+    return By::kNothing;
 }
 
 int List(Context& context, const ListOptions& options) {
+    const By by = ReadBy(options.by);
     const Int32 seminar = options.seminar ? ReadInt32("--seminar", *options.seminar) : kAllSeminars;
     const auto list = DatesOf(context, seminar);
     const TextFilter filter(options.filter);
@@ -161,8 +169,8 @@ int List(Context& context, const ListOptions& options) {
         if (!filter.FindsIn(date->Titel(false)) && !filter.FindsIn(date->Code(false))) continue;
         dates.push_back({date, date->EndeDatum(false)});
     }
-    if (options.by != By::kNothing) {
-        ListInGroups(context, *list, dates, seminar, options);
+    if (by != By::kNothing) {
+        ListInGroups(context, *list, dates, seminar, by, options.all_columns);
     } else {
         Sheet sheet = Head(options.all_columns);
         for (const auto& one : dates) AddRow(sheet, one, options.all_columns);
@@ -173,31 +181,23 @@ int List(Context& context, const ListOptions& options) {
     return kDone;
 }
 
-By ReadBy(const std::string& name) {
-    if (name == "year") return By::kYear;
-    if (name == "month") return By::kMonth;
-    if (name == "budget") return By::kBudget;
-    throw CLI::ValidationError("--by", OneLine(name) + " is none of year, month, budget.");
-}
-
 }  // namespace
 
-void AddDateList(Program& program, CLI::App* dates) {
-    auto* command = dates->add_subcommand("list", "List the dates of the client and those common to all, the latest first");
+void AddDateList(Command& dates) {
+    auto& command = dates.Add("list", "List the dates of the client and those common to all, the latest first");
     const auto options = std::make_shared<ListOptions>();
-    command->add_option("--seminar", options->seminar, "Only the dates of this seminar")->type_name("N");
+    command.Option("--seminar", &options->seminar, "N", "Only the dates of this seminar");
     command
-        ->add_option_function<std::string>(
-            "--by", [options](const std::string& name) { options->by = ReadBy(name); },
-            "In groups by the year, the month or the budget period of the end: year, month or budget")
-        ->type_name("GROUP");
-    command->add_option("--filter", options->filter, "Only dates with this text in title or code, in any capitals")->type_name("TEXT");
-    command->add_flag("--all-columns", options->all_columns, "All columns in place of the most wanted; reads each date");
-    command->footer(
+        .Option("--by", &options->by, "GROUP",
+                "In groups by the year, the month or the budget period of the end: year, month or budget")
+        .OneOf({"year", "month", "budget"});
+    command.Option("--filter", &options->filter, "TEXT", "Only dates with this text in title or code, in any capitals");
+    command.Flag("--all-columns", options->all_columns, "All columns in place of the most wanted; reads each date");
+    command.Remark(
         "A date without an end stands as of today: it is shown and grouped as if it ended today.\n"
         "With --all-columns its end is NULL; in budget periods, too, and it is in none of them.\n"
         "A date that ends on the first or last day of a budget period is in none either.");
-    program.OnCommand(command, [&program, options] { return List(program.Work(), *options); });
+    command.Does([options](Context& context) { return List(context, *options); });
 }
 
 }  // namespace frontend

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "frontend/program.h"
+#include "frontend/command_line/command.h"
 
 namespace frontend {
 
 /// The command dates list.
-void AddDateList(Program& program, CLI::App* dates);
+void AddDateList(Command& dates);
 
 }  // namespace frontend

@@ -201,7 +201,7 @@ TEST_F(DateList, TreesFitATerminalAndAreColouredThere) {
 TEST_F(DateList, WrongUsage) {
     ExpectUsage(Run({"dates", "list", "--by", "week"}), "--by: \"week\" is none of year, month, budget.", "dates list");
     ExpectUsage(Run({"dates", "list", "--seminar", "x"}), "--seminar: \"x\" is not a whole number.", "dates list");
-    ExpectUsage(Run({"dates"}), "A command is missing.", "dates");
+    ExpectUsage(Run({"dates"}), "A command is missing: list, show, add, set, remove.", "dates");
 }
 
 TEST_F(DateList, HelpTellsHowOpenDatesAreShown) {

@@ -11,10 +11,10 @@
 #include "frontend/commands/date_columns.h"
 #include "frontend/commands/date_list.h"
 #include "frontend/commands/lists.h"
+#include "frontend/context.h"
 #include "frontend/exit_codes.h"
 #include "frontend/output/counted.h"
 #include "frontend/output/month_calendar.h"
-#include "frontend/program.h"
 #include "frontend/read_value.h"
 
 namespace frontend {
@@ -66,17 +66,17 @@ Ref<clsTermin> Stored(Context& context, Int32 key) {
     return date;
 }
 
-void AddShow(Program& program, CLI::App* dates) {
+void AddShow(Command& dates) {
     struct Typed {
         std::string key;
         bool weeks = false;
     };
-    auto* command = dates->add_subcommand("show", "Show all columns of one date, its organiser, its venue and its days");
+    auto& command = dates.Add("show", "Show all columns of one date, its organiser, its venue and its days");
     const auto typed = std::make_shared<Typed>();
-    command->add_option("KEY", typed->key, "SemTerminID of the date")->required()->type_name("N");
-    command->add_flag("--weeks", typed->weeks, "Show the numbers of the weeks in the calendar");
-    program.OnCommand(command, [&program, typed] {
-        Show(program.Work(), DateOf(program.Work(), ReadInt32("KEY", typed->key)), typed->weeks);
+    command.Argument("KEY", &typed->key, "SemTerminID of the date").Required().Naming(Names::kDate);
+    command.Flag("--weeks", typed->weeks, "Show the numbers of the weeks in the calendar");
+    command.Does([typed](Context& context) {
+        Show(context, DateOf(context, ReadInt32("KEY", typed->key)), typed->weeks);
         return kDone;
     });
 }
@@ -147,16 +147,16 @@ int Add(Context& context, const DateChanges& changes) {
     return kDone;
 }
 
-void AddAdd(Program& program, CLI::App* dates) {
-    auto* command = dates->add_subcommand("add", "Add a date of a seminar, make its days, and show it as it is stored");
+void AddAdd(Command& dates) {
+    auto& command = dates.Add("add", "Add a date of a seminar, make its days, and show it as it is stored");
     const auto values = DateColumns().AddOptions(command);
-    command->get_option("--seminar")->required();
-    command->footer(
+    command.OptionNamed("--seminar").Required();
+    command.Remark(
         "The key is the greatest one plus 1. Client, title, content, clerk, limits, hours, sessions, series and costs\n"
         "come from the seminar where they are not typed. From --begin on there is a day for each session: by the\n"
         "series, otherwise one day after the other. Without --begin the date stays open.\n"
         "Days are typed as 31.12.2010 or 2010-12-31, times as 09:30, numbers with a point.");
-    program.OnCommand(command, [&program, values] { return Add(program.Work(), ReadDateChanges(*values, {})); });
+    command.Does([values](Context& context) { return Add(context, ReadDateChanges(*values, {})); });
 }
 
 // set
@@ -202,25 +202,24 @@ int Set(Context& context, Int32 key, const DateChanges& changes) {
     return kDone;
 }
 
-void AddSet(Program& program, CLI::App* dates) {
+void AddSet(Command& dates) {
     struct Typed {
         std::string key;
         std::vector<std::string> pairs;
     };
-    auto* command =
-        dates->add_subcommand("set", "Change columns of a date, and its days with them, and show it as it is stored");
+    auto& command = dates.Add("set", "Change columns of a date, and its days with them, and show it as it is stored");
     const auto typed = std::make_shared<Typed>();
-    command->add_option("KEY", typed->key, "SemTerminID of the date")->required()->type_name("N");
-    command->add_option("CHANGES", typed->pairs, "column=value, as in Titel=\"Erste Hilfe\" BeginnDatum=03.03.2010")->type_name("column=value");
+    command.Argument("KEY", &typed->key, "SemTerminID of the date").Required().Naming(Names::kDate);
+    command.Argument("CHANGES", &typed->pairs, "column=value, as in Titel=\"Erste Hilfe\" BeginnDatum=03.03.2010");
     const auto values = DateColumns().AddOptions(command);
-    command->footer(
+    command.Remark(
         "Another BeginnDatum deletes all days and makes as many as there are Sitzungen, by the series, otherwise one\n"
         "day after the other. Another EndeDatum adds days behind the last one or deletes those behind it. Every save\n"
         "gives all days the times of the date. A day or a time is taken away by typing none, as in StornoDatum=.\n"
         "Days are typed as 31.12.2010 or 2010-12-31, times as 09:30, numbers with a point.");
-    program.OnCommand(command, [&program, typed, values] {
+    command.Does([typed, values](Context& context) {
         const Int32 key = ReadInt32("KEY", typed->key);
-        return Set(program.Work(), key, ReadDateChanges(*values, typed->pairs));
+        return Set(context, key, ReadDateChanges(*values, typed->pairs));
     });
 }
 
@@ -265,27 +264,26 @@ int Remove(Context& context, const std::vector<Int32>& keys) {
     return kDone;
 }
 
-void AddRemove(Program& program, CLI::App* dates) {
-    auto* command = dates->add_subcommand("remove", "Remove dates; none where one of the keys is unknown");
+void AddRemove(Command& dates) {
+    auto& command = dates.Add("remove", "Remove dates; none where one of the keys is unknown");
     const auto typed = std::make_shared<std::vector<std::string>>();
-    command->add_option("KEY", *typed, "SemTerminID of each date")->required()->type_name("N");
-    command->footer(
+    command.Argument("KEY", typed.get(), "SemTerminID of each date").Required().Naming(Names::kDate);
+    command.Remark(
         "Its participants and focus areas go with a date, and its series where no other date and no seminar uses it.\n"
         "Its days stay behind: remove them first with \"lumoseminar days remove\". A new date that gets the same key\n"
         "has them as its own.");
-    program.OnCommand(command, [&program, typed] { return Remove(program.Work(), ReadKeys("KEY", *typed)); });
+    command.Does([typed](Context& context) { return Remove(context, ReadKeys("KEY", *typed)); });
 }
 
 }  // namespace
 
-void AddDates(Program& program) {
-    auto* dates = program.AddCommand("dates", "The dates of the seminars: list, show, add, set, remove");
-    dates->require_subcommand(1);
-    AddDateList(program, dates);
-    AddShow(program, dates);
-    AddAdd(program, dates);
-    AddSet(program, dates);
-    AddRemove(program, dates);
+void AddDates(Command& program) {
+    auto& dates = program.Add("dates", "The dates of the seminars: list, show, add, set, remove");
+    AddDateList(dates);
+    AddShow(dates);
+    AddAdd(dates);
+    AddSet(dates);
+    AddRemove(dates);
 }
 
 }  // namespace frontend

@@ -5,12 +5,13 @@
 #include <string>
 #include <vector>
 
+#include "frontend/commands/arguments.h"
 #include "frontend/commands/commands.h"
 #include "frontend/commands/lists.h"
+#include "frontend/context.h"
 #include "frontend/exit_codes.h"
 #include "frontend/output/counted.h"
 #include "frontend/output/month_calendar.h"
-#include "frontend/program.h"
 #include "frontend/read_value.h"
 
 namespace frontend {
@@ -28,9 +29,7 @@ void AddRow(Sheet& sheet, clsTerminTag& day) {
 
 Sheet Head() { return {{"Termin", "BegUhr", "EndUhr"}, {}}; }
 
-void AddDateOption(CLI::App* command, std::string& date) {
-    command->add_option("DATE", date, "SemTerminID of the date")->required()->type_name("N");
-}
+void AddDateOption(Command& command, std::string& date) { TakeDate(command, &date); }
 
 // list
 
@@ -61,13 +60,13 @@ int List(Context& context, const ListOptions& options) {
     return kDone;
 }
 
-void AddList(Program& program, CLI::App* days) {
-    auto* command = days->add_subcommand("list", "List the days of a date with their times");
+void AddList(Command& days) {
+    auto& command = days.Add("list", "List the days of a date with their times");
     const auto options = std::make_shared<ListOptions>();
     AddDateOption(command, options->date);
-    auto* calendar = command->add_flag("--calendar", options->calendar, "Show a calendar below the list");
-    command->add_flag("--weeks", options->weeks, "Show the numbers of the weeks in the calendar")->needs(calendar);
-    program.OnCommand(command, [&program, options] { return List(program.Work(), *options); });
+    command.Flag("--calendar", options->calendar, "Show a calendar below the list");
+    command.Flag("--weeks", options->weeks, "Show the numbers of the weeks in the calendar").Needs("--calendar");
+    command.Does([options](Context& context) { return List(context, *options); });
 }
 
 // add
@@ -93,17 +92,17 @@ int Add(Context& context, const AddOptions& options) {
     return kDone;
 }
 
-void AddAdd(Program& program, CLI::App* days) {
-    auto* command = days->add_subcommand("add", "Add a day to a date and show it as it is stored");
+void AddAdd(Command& days) {
+    auto& command = days.Add("add", "Add a day to a date and show it as it is stored");
     const auto options = std::make_shared<AddOptions>();
     AddDateOption(command, options->date);
-    command->add_option("DAY", options->day, "The day, as 31.12.2010 or 2010-12-31")->required()->type_name("");
-    command->add_option("--from", options->from, "Time at which it starts, as 09:30 [that of the date]")->type_name("TIME");
-    command->add_option("--to", options->to, "Time at which it ends [that of the date]")->type_name("TIME");
-    command->footer(
+    command.Argument("DAY", &options->day, "The day, as 31.12.2010 or 2010-12-31").Required();
+    command.Option("--from", &options->from, "TIME", "Time at which it starts, as 09:30 [that of the date]");
+    command.Option("--to", &options->to, "TIME", "Time at which it ends [that of the date]");
+    command.Remark(
         "First and last day of the date stay as they are. The next save of the date gives all its days the times of\n"
         "the date.");
-    program.OnCommand(command, [&program, options] { return Add(program.Work(), *options); });
+    command.Does([options](Context& context) { return Add(context, *options); });
 }
 
 // remove
@@ -131,35 +130,34 @@ int Remove(Context& context, Int32 key, const std::vector<DateTime>& wanted) {
     return kDone;
 }
 
-void AddRemove(Program& program, CLI::App* days) {
+void AddRemove(Command& days) {
     struct Typed {
         std::string date;
         std::vector<std::string> days;
     };
-    auto* command = days->add_subcommand("remove", "Remove days of a date; none where the date has not all of them");
+    auto& command = days.Add("remove", "Remove days of a date; none where the date has not all of them");
     const auto typed = std::make_shared<Typed>();
     AddDateOption(command, typed->date);
-    command->add_option("DAY", typed->days, "Each day, as 31.12.2010 or 2010-12-31")->required()->type_name("");
-    command->footer("First and last day of the date stay as they are.");
-    program.OnCommand(command, [&program, typed] {
+    command.Argument("DAY", &typed->days, "Each day, as 31.12.2010 or 2010-12-31").Required();
+    command.Remark("First and last day of the date stay as they are.");
+    command.Does([typed](Context& context) {
         const Int32 key = ReadInt32("DATE", typed->date);
         std::vector<DateTime> wanted;
         for (const auto& text : typed->days) {
             const auto day = ReadDay("DAY", text);
             if (std::ranges::find(wanted, day) == wanted.end()) wanted.push_back(day);
         }
-        return Remove(program.Work(), key, wanted);
+        return Remove(context, key, wanted);
     });
 }
 
 }  // namespace
 
-void AddDays(Program& program) {
-    auto* days = program.AddCommand("days", "The single days of a date: list, add, remove");
-    days->require_subcommand(1);
-    AddList(program, days);
-    AddAdd(program, days);
-    AddRemove(program, days);
+void AddDays(Command& program) {
+    auto& days = program.Add("days", "The single days of a date: list, add, remove");
+    AddList(days);
+    AddAdd(days);
+    AddRemove(days);
 }
 
 }  // namespace frontend

@@ -137,11 +137,11 @@ TEST_F(DaysCommand, DatesOfOtherClientsAreUnknown) {
 }
 
 TEST_F(DaysCommand, WrongUsageChangesNothing) {
-    ExpectUsage(Run({"days", "list"}), "DATE is required", "days list");
+    ExpectUsage(Run({"days", "list"}), "DATE is missing: SemTerminID of the date.", "days list");
     ExpectUsage(Run({"days", "list", "60", "--calendar", "--format", "json"}),
                 "The calendar is for people: it has no other format than table.", "days list");
-    ExpectUsage(Run({"days", "list", "60", "--weeks"}), "--weeks requires --calendar", "days list");
-    ExpectUsage(Run({"days", "add", "60"}), "DAY is required", "days add");
+    ExpectUsage(Run({"days", "list", "60", "--weeks"}), "--weeks goes with --calendar only.", "days list");
+    ExpectUsage(Run({"days", "add", "60"}), "DAY is missing: The day, as 31.12.2010 or 2010-12-31.", "days add");
     ExpectUsage(Run({"days", "add", "60", "1.9.2010"}),
                 "DAY: \"1.9.2010\" is not a day; write it as 31.12.2010 or 2010-12-31.", "days add");
     ExpectUsage(Run({"days", "add", "60", "31.09.2010"}), "DAY: \"31.09.2010\" is not in the calendar.", "days add");

@@ -1,4 +1,5 @@
 #include "frontend/commands/enrolment.h"
+#include "frontend/commands/arguments.h"
 
 #include <fmt/format.h>
 
@@ -112,26 +113,24 @@ int Enrol(Context& context, const EnrolOptions& options, const TypedValues& valu
 
 }  // namespace
 
-void AddEnrol(Program& program, CLI::App* participants) {
-    auto* command = participants->add_subcommand("enrol", "Enrol a person in a date, and show the record as it is stored");
+void AddEnrol(Command& participants) {
+    auto& command = participants.Add("enrol", "Enrol a person in a date, and show the record as it is stored");
     const auto options = std::make_shared<EnrolOptions>();
-    command->add_option("DATE", options->date, "SemTerminID of the date")->required()->type_name("N");
-    command->add_option("PERSON", options->person, "Number of the employee, key of the applicant or temporary worker")
-        ->required()
-        ->type_name("N");
+    TakeDate(command, &options->date);
+    TakePerson(command, &options->person);
     AddKindOption(command, options->kind);
-    command->add_flag("--force", options->force, "Enrol whatever the checks find");
-    command->add_flag("--no-check-seminar", options->no_check_seminar, "Do not look for open dates of the same seminar");
-    command->add_flag("--no-check-taken", options->no_check_taken, "Do not look whether the seminar was taken before");
-    command->add_flag("--no-check-prerequisites", options->no_check_prerequisites, "Do not look at prerequisites");
-    command->add_flag("--german", options->german, "Tell the findings in German");
+    command.Flag("--force", options->force, "Enrol whatever the checks find");
+    command.Flag("--no-check-seminar", options->no_check_seminar, "Do not look for open dates of the same seminar");
+    command.Flag("--no-check-taken", options->no_check_taken, "Do not look whether the seminar was taken before");
+    command.Flag("--no-check-prerequisites", options->no_check_prerequisites, "Do not look at prerequisites");
+    command.Flag("--german", options->german, "Tell the findings in German");
     const auto values = EnrolmentColumns().AddOptions(command);
-    command->footer(
+    command.Remark(
         "What speaks against it is told on standard error. Then nothing is written, unless with --force or after a yes\n"
         "on a terminal. Places that are free are not among the checks. For a temporary worker they look at everybody's\n"
         "enrolments. What the date costs each participant becomes a cost line. Days and times that are not typed are\n"
         "those of the date.");
-    program.OnCommand(command, [&program, options, values] { return Enrol(program.Work(), *options, *values); });
+    command.Does([options, values](Context& context) { return Enrol(context, *options, *values); });
 }
 
 }  // namespace frontend

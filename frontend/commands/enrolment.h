@@ -1,10 +1,10 @@
 #pragma once
 
-#include "frontend/program.h"
+#include "frontend/command_line/command.h"
 
 namespace frontend {
 
 /// The command participants enrol.
-void AddEnrol(Program& program, CLI::App* participants);
+void AddEnrol(Command& participants);
 
 }  // namespace frontend

@@ -308,7 +308,8 @@ TEST_F(EnrolCommand, CostsThatAreRefusedBehindTheInsertAreTold) {
 TEST_F(EnrolCommand, WrongUsageWritesNothing) {
     const int before = Participants();
     const char* const enrol = "participants enrol";
-    ExpectUsage(Run({"participants", "enrol", "78"}), "PERSON is required", enrol);
+    ExpectUsage(Run({"participants", "enrol", "78"}),
+                "PERSON is missing: Number of the employee, key of the applicant or temporary worker.", enrol);
     ExpectUsage(Run({"participants", "enrol", "78", "Kölbl"}), "PERSON: \"Kölbl\" is not a whole number.", enrol);
     ExpectUsage(Run(Enrol(78, 130, {"--kind", "guest"})), "--kind: \"guest\" is none of employee, applicant, worker.", enrol);
     ExpectUsage(Run(Enrol(78, 130, {"--begin", "24.11."})),

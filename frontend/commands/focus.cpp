@@ -5,11 +5,12 @@
 #include <optional>
 #include <string>
 
+#include "frontend/commands/arguments.h"
 #include "frontend/commands/commands.h"
 #include "frontend/commands/lists.h"
+#include "frontend/context.h"
 #include "frontend/exit_codes.h"
 #include "frontend/output/counted.h"
-#include "frontend/program.h"
 #include "frontend/read_value.h"
 
 namespace frontend {
@@ -58,12 +59,12 @@ int List(Context& context, const ListOptions& options) {
     return kDone;
 }
 
-void AddList(Program& program, CLI::App* focus) {
-    auto* command = focus->add_subcommand("list", "List the focus areas of a seminar or of a date");
+void AddList(Command& focus) {
+    auto& command = focus.Add("list", "List the focus areas of a seminar or of a date");
     const auto options = std::make_shared<ListOptions>();
-    command->add_option("--seminar", options->seminar, "SemID of the seminar")->type_name("N");
-    command->add_option("--date", options->date, "SemTerminID of the date")->type_name("N");
-    program.OnCommand(command, [&program, options] { return List(program.Work(), *options); });
+    command.Option("--seminar", &options->seminar, "N", "SemID of the seminar").Naming(Names::kSeminar);
+    command.Option("--date", &options->date, "N", "SemTerminID of the date").Naming(Names::kDate);
+    command.Does([options](Context& context) { return List(context, *options); });
 }
 
 // tie
@@ -92,18 +93,17 @@ int Tie(Context& context, Int32 key, const std::string& name) {
     return kDone;
 }
 
-void AddTie(Program& program, CLI::App* focus) {
+void AddTie(Command& focus) {
     struct Typed {
         std::string date;
         std::string name;
     };
-    auto* command = focus->add_subcommand("tie", "Tie a date to the focus area of that name, and list its focus areas");
+    auto& command = focus.Add("tie", "Tie a date to the focus area of that name, and list its focus areas");
     const auto typed = std::make_shared<Typed>();
-    command->add_option("DATE", typed->date, "SemTerminID of the date")->required()->type_name("N");
-    command->add_option("NAME", typed->name, "Name of the focus area")->required()->type_name("");
-    command->footer("Where there is no focus area of that name it is made, with the greatest key plus 1.");
-    program.OnCommand(command,
-                      [&program, typed] { return Tie(program.Work(), ReadInt32("DATE", typed->date), typed->name); });
+    TakeDate(command, &typed->date);
+    command.Argument("NAME", &typed->name, "Name of the focus area").Required();
+    command.Remark("Where there is no focus area of that name it is made, with the greatest key plus 1.");
+    command.Does([typed](Context& context) { return Tie(context, ReadInt32("DATE", typed->date), typed->name); });
 }
 
 // untie
@@ -124,29 +124,28 @@ int Untie(Context& context, Int32 key, Int32 area_key) {
     return kDone;
 }
 
-void AddUntie(Program& program, CLI::App* focus) {
+void AddUntie(Command& focus) {
     struct Typed {
         std::string date;
         std::string area;
     };
-    auto* command = focus->add_subcommand("untie", "Untie a date from a focus area, which stays");
+    auto& command = focus.Add("untie", "Untie a date from a focus area, which stays");
     const auto typed = std::make_shared<Typed>();
-    command->add_option("DATE", typed->date, "SemTerminID of the date")->required()->type_name("N");
-    command->add_option("KEY", typed->area, "SchwerpunktID of the focus area")->required()->type_name("N");
-    program.OnCommand(command, [&program, typed] {
+    TakeDate(command, &typed->date);
+    command.Argument("KEY", &typed->area, "SchwerpunktID of the focus area").Required();
+    command.Does([typed](Context& context) {
         const Int32 key = ReadInt32("DATE", typed->date);
-        return Untie(program.Work(), key, ReadInt32("KEY", typed->area));
+        return Untie(context, key, ReadInt32("KEY", typed->area));
     });
 }
 
 }  // namespace
 
-void AddFocus(Program& program) {
-    auto* focus = program.AddCommand("focus", "The focus areas of seminars and dates: list, tie, untie");
-    focus->require_subcommand(1);
-    AddList(program, focus);
-    AddTie(program, focus);
-    AddUntie(program, focus);
+void AddFocus(Command& program) {
+    auto& focus = program.Add("focus", "The focus areas of seminars and dates: list, tie, untie");
+    AddList(focus);
+    AddTie(focus);
+    AddUntie(focus);
 }
 
 }  // namespace frontend

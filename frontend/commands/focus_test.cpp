@@ -159,13 +159,13 @@ TEST_F(FocusCommand, TieAndUntieOfDatesOfOtherClients) {
 }
 
 TEST_F(FocusCommand, WrongUsage) {
-    ExpectUsage(Run({"focus"}), "A command is missing.", "focus");
+    ExpectUsage(Run({"focus"}), "A command is missing: list, tie, untie.", "focus");
     ExpectUsage(Run({"focus", "list"}), "Give one of --seminar N and --date N.", "focus list");
     ExpectUsage(Run({"focus", "list", "--seminar", "5", "--date", "60"}), "Give one of --seminar N and --date N.", "focus list");
     ExpectUsage(Run({"focus", "list", "--date", "x"}), "--date: \"x\" is not a whole number.", "focus list");
-    ExpectUsage(Run({"focus", "tie", "60"}), "NAME is required", "focus tie");
+    ExpectUsage(Run({"focus", "tie", "60"}), "NAME is missing: Name of the focus area.", "focus tie");
     ExpectUsage(Run({"focus", "tie", "60", ""}), "NAME: a focus area has a name.", "focus tie");
-    ExpectUsage(Run({"focus", "untie", "60"}), "KEY is required", "focus untie");
+    ExpectUsage(Run({"focus", "untie", "60"}), "KEY is missing: SchwerpunktID of the focus area.", "focus untie");
     ExpectUsage(Run({"focus", "untie", "60", "Führung"}), "KEY: \"Führung\" is not a whole number.", "focus untie");
     EXPECT_EQ(OfDate(60), kLeadership);
 }

@@ -4,10 +4,10 @@
 #include <utility>
 
 #include "frontend/commands/commands.h"
+#include "frontend/context.h"
 #include "frontend/creation.h"
 #include "frontend/exit_codes.h"
 #include "frontend/output/progress.h"
-#include "frontend/program.h"
 
 namespace frontend {
 
@@ -85,20 +85,19 @@ int Init(Context& context, const InitOptions& options) {
 
 }  // namespace
 
-void AddInit(Program& program) {
-    auto* command = program.AddCommand("init", "Create the tables, with a sample of data if wanted");
+void AddInit(Command& program) {
+    auto& command = program.Add("init", "Create the tables, with a sample of data if wanted");
     const auto options = std::make_shared<InitOptions>();
-    command->add_flag("--sample", options->sample, "Fill the tables with the sample: a training department of two clients");
+    command.Flag("--sample", options->sample, "Fill the tables with the sample: a training department of two clients");
     command
-        ->add_option("--schema", options->schema,
-                     "Run these files of T-SQL (batches parted by GO lines) in place of schema.sql and "
-                     "process.sql")
-        ->type_name("FILE")
-        ->check(FileThatExists());
-    command->add_flag("--force", options->force,
-                      "Go on where tables are there already: what is missing is created, a batch that is refused is told "
-                      "and passed over, nothing is dropped");
-    program.OnCommand(command, [&program, options] { return Init(program.Work(), *options); });
+        .Option("--schema", &options->schema, "FILE",
+                "Run these files of T-SQL (batches parted by GO lines) in place of schema.sql and "
+                "process.sql")
+        .ExistingFile();
+    command.Flag("--force", options->force,
+                 "Go on where tables are there already: what is missing is created, a batch that is refused is told "
+                 "and passed over, nothing is dropped");
+    command.Does([options](Context& context) { return Init(context, *options); });
 }
 
 }  // namespace frontend

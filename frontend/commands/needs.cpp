@@ -6,13 +6,14 @@
 #include <string>
 #include <vector>
 
+#include "frontend/commands/arguments.h"
 #include "frontend/commands/commands.h"
 #include "frontend/commands/need_record.h"
 #include "frontend/commands/persons.h"
 #include "frontend/commands/requests.h"
+#include "frontend/context.h"
 #include "frontend/exit_codes.h"
 #include "frontend/output/counted.h"
-#include "frontend/program.h"
 #include "frontend/read_value.h"
 
 namespace frontend {
@@ -27,9 +28,7 @@ struct PersonAndUser {
     std::string user;
 };
 
-void AddPerson(CLI::App* command, std::string& person) {
-    command->add_option("PERSON", person, "Number of the employee")->required()->type_name("N");
-}
+void AddPerson(Command& command, std::string& person) { TakeEmployee(command, &person); }
 
 // list
 
@@ -54,15 +53,15 @@ int List(Context& context, const ListOptions& options) {
     return kDone;
 }
 
-void AddList(Program& program, CLI::App* needs) {
-    auto* command = needs->add_subcommand("list", "List the training needs of an employee and how far each has come");
+void AddList(Command& needs) {
+    auto& command = needs.Add("list", "List the training needs of an employee and how far each has come");
     const auto options = std::make_shared<ListOptions>();
     AddPerson(command, options->person);
-    command->add_option("--user-id", options->user, "Show whether this user may decide on each now")->type_name("N");
-    command->footer(
+    command.Option("--user-id", &options->user, "N", "Show whether this user may decide on each now");
+    command.Remark(
         "State is that of the need: open, fulfilled, rejected. Process is that of its approval, \"Kein Vorgang\" where\n"
         "there is none. A need costs up to three statements, up to three more with --user-id.");
-    program.OnCommand(command, [&program, options] { return List(program.Work(), *options); });
+    command.Does([options](Context& context) { return List(context, *options); });
 }
 
 // add
@@ -103,13 +102,13 @@ int Add(Context& context, const PersonAndUser& typed) {
     return kDone;
 }
 
-void AddAdd(Program& program, CLI::App* needs) {
-    auto* command = needs->add_subcommand("add", "Record a new training need, and show the record as it is stored");
+void AddAdd(Command& needs) {
+    auto& command = needs.Add("add", "Record a new training need, and show the record as it is stored");
     const auto typed = std::make_shared<PersonAndUser>();
     AddPerson(command, typed->person);
-    command->add_option("AREA", typed->area, "Key of the focus area (WBS)")->required()->type_name("N");
-    AddUserOption(command, typed->user, "Number of the user on whose behalf the process is opened")->required();
-    program.OnCommand(command, [&program, typed] { return Add(program.Work(), *typed); });
+    command.Argument("AREA", &typed->area, "Key of the focus area (WBS)").Required();
+    AddUserOption(command, typed->user, "Number of the user on whose behalf the process is opened").Required();
+    command.Does([typed](Context& context) { return Add(context, *typed); });
 }
 
 // reject
@@ -125,19 +124,19 @@ int Reject(Context& context, Int32 key, Int32 user) {
     });
 }
 
-void AddReject(Program& program, CLI::App* needs) {
+void AddReject(Command& needs) {
     struct Typed {
         std::string key;
         std::string user;
     };
-    auto* command = needs->add_subcommand("reject", "Reject a training need, and show the record as it is stored");
+    auto& command = needs.Add("reject", "Reject a training need, and show the record as it is stored");
     const auto typed = std::make_shared<Typed>();
-    command->add_option("KEY", typed->key, "WBID of the need")->required()->type_name("N");
-    AddUserOption(command, typed->user, "Number of the user who decides")->required();
-    command->footer("It is approved by consent --need.");
-    program.OnCommand(command, [&program, typed] {
+    command.Argument("KEY", &typed->key, "WBID of the need").Required().Naming(Names::kNeed);
+    AddUserOption(command, typed->user, "Number of the user who decides").Required();
+    command.Remark("It is approved by consent --need.");
+    command.Does([typed](Context& context) {
         const Int32 key = ReadInt32("KEY", typed->key);
-        return Reject(program.Work(), key, ReadUser(typed->user));
+        return Reject(context, key, ReadUser(typed->user));
     });
 }
 
@@ -162,23 +161,22 @@ int Remove(Context& context, const std::vector<Int32>& keys) {
     return kDone;
 }
 
-void AddRemove(Program& program, CLI::App* needs) {
-    auto* command = needs->add_subcommand("remove", "Remove training needs; none where one of the keys is unknown");
+void AddRemove(Command& needs) {
+    auto& command = needs.Add("remove", "Remove training needs; none where one of the keys is unknown");
     const auto typed = std::make_shared<std::vector<std::string>>();
-    command->add_option("KEY", *typed, "WBID of each need")->required()->type_name("N");
-    command->footer("Their processes are dropped.");
-    program.OnCommand(command, [&program, typed] { return Remove(program.Work(), ReadKeys("KEY", *typed)); });
+    command.Argument("KEY", typed.get(), "WBID of each need").Required().Naming(Names::kNeed);
+    command.Remark("Their processes are dropped.");
+    command.Does([typed](Context& context) { return Remove(context, ReadKeys("KEY", *typed)); });
 }
 
 }  // namespace
 
-void AddNeeds(Program& program) {
-    auto* needs = program.AddCommand("needs", "The training needs of an employee: list, add, reject, remove");
-    needs->require_subcommand(1);
-    AddList(program, needs);
-    AddAdd(program, needs);
-    AddReject(program, needs);
-    AddRemove(program, needs);
+void AddNeeds(Command& program) {
+    auto& needs = program.Add("needs", "The training needs of an employee: list, add, reject, remove");
+    AddList(needs);
+    AddAdd(needs);
+    AddReject(needs);
+    AddRemove(needs);
 }
 
 }  // namespace frontend

@@ -209,15 +209,16 @@ TEST_F(NeedsCommand, ARefusedListIsToldWithItsLabel) {
 
 TEST_F(NeedsCommand, WrongUsageChangesNothing) {
     const int before = Needs();
-    ExpectUsage(Run({"needs"}), "A command is missing.", "needs");
-    ExpectUsage(Run({"needs", "list"}), "PERSON is required", "needs list");
+    ExpectUsage(Run({"needs"}), "A command is missing: list, add, reject, remove.", "needs");
+    ExpectUsage(Run({"needs", "list"}), "PERSON is missing: Number of the employee.", "needs list");
     ExpectUsage(Run({"needs", "list", "190", "--user-id", "lena"}), "--user-id: \"lena\" is not a whole number.", "needs list");
-    ExpectUsage(Run({"needs", "add", "130", "--user-id", "1"}), "AREA is required", "needs add");
-    ExpectUsage(Run({"needs", "add", "130", "8"}), "--user-id is required", "needs add");
+    ExpectUsage(Run({"needs", "add", "130", "--user-id", "1"}), "AREA is missing: Key of the focus area (WBS).", "needs add");
+    ExpectUsage(Run({"needs", "add", "130", "8"}),
+                "--user-id is missing: Number of the user on whose behalf the process is opened.", "needs add");
     ExpectUsage(Run({"needs", "add", "130", "CNC", "--user-id", "1"}), "AREA: \"CNC\" is not a whole number.", "needs add");
-    ExpectUsage(Run({"needs", "reject", "31"}), "--user-id is required", "needs reject");
+    ExpectUsage(Run({"needs", "reject", "31"}), "--user-id is missing: Number of the user who decides.", "needs reject");
     ExpectUsage(Run({"needs", "reject", "x", "--user-id", "1"}), "KEY: \"x\" is not a whole number.", "needs reject");
-    ExpectUsage(Run({"needs", "remove"}), "KEY is required", "needs remove");
+    ExpectUsage(Run({"needs", "remove"}), "KEY is missing: WBID of each need.", "needs remove");
     EXPECT_EQ(Needs(), before);
 }
 

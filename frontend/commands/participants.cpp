@@ -7,15 +7,16 @@
 #include <string>
 #include <vector>
 
+#include "frontend/commands/arguments.h"
 #include "frontend/commands/commands.h"
 #include "frontend/commands/enrolment.h"
 #include "frontend/commands/lists.h"
 #include "frontend/commands/participant_columns.h"
 #include "frontend/commands/participant_lists.h"
+#include "frontend/context.h"
 #include "frontend/exit_codes.h"
 #include "frontend/output/counted.h"
 #include "frontend/output/value_text.h"
-#include "frontend/program.h"
 #include "frontend/read_value.h"
 
 namespace frontend {
@@ -26,8 +27,8 @@ namespace {
 
 using Changes = std::vector<Change<clsTeilnehmer>>;
 
-void AddKeyOption(CLI::App* command, std::string& key) {
-    command->add_option("KEY", key, "TeilnehmerID of the participant")->required()->type_name("N");
+void AddKeyOption(Command& command, std::string& key) {
+    command.Argument("KEY", &key, "TeilnehmerID of the participant").Required().Naming(Names::kParticipant);
 }
 
 // list
@@ -64,12 +65,12 @@ int List(Context& context, const ListOptions& options) {
     return kDone;
 }
 
-void AddList(Program& program, CLI::App* participants) {
-    auto* command = participants->add_subcommand("list", "List the participants of a date");
+void AddList(Command& participants) {
+    auto& command = participants.Add("list", "List the participants of a date");
     const auto options = std::make_shared<ListOptions>();
-    command->add_option("DATE", options->date, "SemTerminID of the date")->required()->type_name("N");
-    command->add_flag("--enrolled", options->enrolled, "Without those who have cancelled");
-    program.OnCommand(command, [&program, options] { return List(program.Work(), *options); });
+    TakeDate(command, &options->date);
+    command.Flag("--enrolled", options->enrolled, "Without those who have cancelled");
+    command.Does([options](Context& context) { return List(context, *options); });
 }
 
 // set
@@ -88,22 +89,22 @@ int Set(Context& context, Int32 key, const Changes& changes) {
     return kDone;
 }
 
-void AddSet(Program& program, CLI::App* participants) {
+void AddSet(Command& participants) {
     struct Typed {
         std::string key;
         std::vector<std::string> pairs;
     };
-    auto* command = participants->add_subcommand("set", "Change columns of a participant and show the record as it is stored");
+    auto& command = participants.Add("set", "Change columns of a participant and show the record as it is stored");
     const auto typed = std::make_shared<Typed>();
     AddKeyOption(command, typed->key);
-    command->add_option("CHANGES", typed->pairs, "column=value, as in Ergebnis=2 Bemerkung=\"kam später\"")->type_name("column=value");
+    command.Argument("CHANGES", &typed->pairs, "column=value, as in Ergebnis=2 Bemerkung=\"kam später\"");
     const auto values = ParticipantColumns().AddOptions(command);
-    command->footer(
+    command.Remark(
         "Nothing is checked as with enrol. Days and times that are typed as nothing at all, as in BeginnDatum=, become\n"
         "those of the date. Days are typed as 31.12.2010 or 2010-12-31, times as 09:30.");
-    program.OnCommand(command, [&program, typed, values] {
+    command.Does([typed, values](Context& context) {
         const Int32 key = ReadInt32("KEY", typed->key);
-        return Set(program.Work(), key, ParticipantColumns().ReadChanges(*values, typed->pairs));
+        return Set(context, key, ParticipantColumns().ReadChanges(*values, typed->pairs));
     });
 }
 
@@ -155,18 +156,18 @@ int Cancel(Context& context, const CancelOptions& options) {
     return kDone;
 }
 
-void AddCancel(Program& program, CLI::App* participants) {
-    auto* command = participants->add_subcommand("cancel", "Cancel an enrolment and show the record as it is stored");
+void AddCancel(Command& participants) {
+    auto& command = participants.Add("cancel", "Cancel an enrolment and show the record as it is stored");
     const auto options = std::make_shared<CancelOptions>();
     AddKeyOption(command, options->key);
-    command->add_option("--on", options->on, "Day of cancellation, as 31.12.2010 or 2010-12-31 [today]")->type_name("DAY");
-    command->add_option("--reason", options->reason, "Code of the reason (StornoGrund) [0, none]")->type_name("N");
-    command->add_option("--cost", options->cost, "Costs in whole units (StornoKosten) [0]")->type_name("N");
-    command->add_flag("--to-waitlist", options->to_waitlist,
-                      "Put the person on the interest list of the seminar; where the date has no seminar, on the "
-                      "wait-list of the date");
-    command->footer("Cost lines stay, but count no more: from now on the costs are those of the cancellation.");
-    program.OnCommand(command, [&program, options] { return Cancel(program.Work(), *options); });
+    command.Option("--on", &options->on, "DAY", "Day of cancellation, as 31.12.2010 or 2010-12-31 [today]");
+    command.Option("--reason", &options->reason, "N", "Code of the reason (StornoGrund) [0, none]");
+    command.Option("--cost", &options->cost, "N", "Costs in whole units (StornoKosten) [0]");
+    command.Flag("--to-waitlist", options->to_waitlist,
+                 "Put the person on the interest list of the seminar; where the date has no seminar, on the "
+                 "wait-list of the date");
+    command.Remark("Cost lines stay, but count no more: from now on the costs are those of the cancellation.");
+    command.Does([options](Context& context) { return Cancel(context, *options); });
 }
 
 // remove
@@ -201,12 +202,12 @@ int Remove(Context& context, const std::vector<Int32>& keys) {
     return kDone;
 }
 
-void AddRemove(Program& program, CLI::App* participants) {
-    auto* command = participants->add_subcommand("remove", "Remove participants; none where one of the keys is unknown");
+void AddRemove(Command& participants) {
+    auto& command = participants.Add("remove", "Remove participants; none where one of the keys is unknown");
     const auto typed = std::make_shared<std::vector<std::string>>();
-    command->add_option("KEY", *typed, "TeilnehmerID of each participant")->required()->type_name("N");
-    command->footer("Their cost lines go with them. To keep a trace of an enrolment, cancel it.");
-    program.OnCommand(command, [&program, typed] { return Remove(program.Work(), ReadKeys("KEY", *typed)); });
+    command.Argument("KEY", typed.get(), "TeilnehmerID of each participant").Required().Naming(Names::kParticipant);
+    command.Remark("Their cost lines go with them. To keep a trace of an enrolment, cancel it.");
+    command.Does([typed](Context& context) { return Remove(context, ReadKeys("KEY", *typed)); });
 }
 
 // costs
@@ -255,30 +256,26 @@ int Costs(Context& context, const CostsOptions& options) {
     return kDone;
 }
 
-void AddCosts(Program& program, CLI::App* participants) {
-    auto* command = participants->add_subcommand("costs", "Show the cost lines of a participant, or add one");
+void AddCosts(Command& participants) {
+    auto& command = participants.Add("costs", "Show the cost lines of a participant, or add one");
     const auto options = std::make_shared<CostsOptions>();
     AddKeyOption(command, options->key);
-    auto* add = command->add_option("--add", options->add, "Add a line of this amount (Kostenbetrag)")->type_name("X");
-    command->add_option("--centre", options->centre, "Cost centre that pays (Kost) [0, none]")->type_name("N")->needs(add);
-    command->add_option("--type", options->type, "Key of the cost type (KostenArtID) [that of \"Teilnehmerkosten\"]")
-        ->type_name("N")
-        ->needs(add);
-    program.OnCommand(command, [&program, options] { return Costs(program.Work(), *options); });
+    command.Option("--add", &options->add, "X", "Add a line of this amount (Kostenbetrag)");
+    command.Option("--centre", &options->centre, "N", "Cost centre that pays (Kost) [0, none]").Needs("--add");
+    command.Option("--type", &options->type, "N", "Key of the cost type (KostenArtID) [that of \"Teilnehmerkosten\"]").Needs("--add");
+    command.Does([options](Context& context) { return Costs(context, *options); });
 }
 
 }  // namespace
 
-void AddParticipants(Program& program) {
-    auto* participants =
-        program.AddCommand("participants", "The participants of a date: list, enrol, set, cancel, remove, costs");
-    participants->require_subcommand(1);
-    AddList(program, participants);
-    AddEnrol(program, participants);
-    AddSet(program, participants);
-    AddCancel(program, participants);
-    AddRemove(program, participants);
-    AddCosts(program, participants);
+void AddParticipants(Command& program) {
+    auto& participants = program.Add("participants", "The participants of a date: list, enrol, set, cancel, remove, costs");
+    AddList(participants);
+    AddEnrol(participants);
+    AddSet(participants);
+    AddCancel(participants);
+    AddRemove(participants);
+    AddCosts(participants);
 }
 
 }  // namespace frontend

@@ -367,8 +367,8 @@ TEST_F(ParticipantsCommand, CostsThatAreRefusedAreNotAdded) {
 
 TEST_F(ParticipantsCommand, WrongUsageChangesNothing) {
     const auto before = Row(505);
-    ExpectUsage(Run({"participants"}), "A command is missing.", "participants");
-    ExpectUsage(Run({"participants", "list"}), "DATE is required", "participants list");
+    ExpectUsage(Run({"participants"}), "A command is missing: list, enrol, set, cancel, remove, costs.", "participants");
+    ExpectUsage(Run({"participants", "list"}), "DATE is missing: SemTerminID of the date.", "participants list");
     ExpectUsage(Run({"participants", "list", "x"}), "DATE: \"x\" is not a whole number.", "participants list");
     const char* const set = "participants set";
     ExpectUsage(Run({"participants", "set", "505"}), "Nothing to set: name a column and its value.", set);
@@ -383,13 +383,13 @@ TEST_F(ParticipantsCommand, WrongUsageChangesNothing) {
     ExpectUsage(Run({"participants", "cancel", "505", "--cost", "49.90"}), "--cost: \"49.90\" is not a whole number.", cancel);
     ExpectUsage(Run({"participants", "cancel", "505", "--reason", "krank"}),
                 "--reason: \"krank\" is not a whole number.", cancel);
-    ExpectUsage(Run({"participants", "remove"}), "KEY is required", "participants remove");
+    ExpectUsage(Run({"participants", "remove"}), "KEY is missing: TeilnehmerID of each participant.", "participants remove");
     ExpectUsage(Run({"participants", "remove", "505", "x"}), "KEY: \"x\" is not a whole number.", "participants remove");
     const char* const costs = "participants costs";
     ExpectUsage(Run({"participants", "costs", "505", "--add", "1,5"}),
                 "--add: \"1,5\" is not an amount; write it with a point, as in 149.50.", costs);
-    ExpectUsage(Run({"participants", "costs", "505", "--centre", "4320"}), "--centre requires --add", costs);
-    ExpectUsage(Run({"participants", "costs", "505", "--type", "1"}), "--type requires --add", costs);
+    ExpectUsage(Run({"participants", "costs", "505", "--centre", "4320"}), "--centre goes with --add only.", costs);
+    ExpectUsage(Run({"participants", "costs", "505", "--type", "1"}), "--type goes with --add only.", costs);
     EXPECT_EQ(Row(505), before);
 }
 

@@ -8,9 +8,9 @@
 
 #include "frontend/commands/commands.h"
 #include "frontend/commands/participant_columns.h"
+#include "frontend/context.h"
 #include "frontend/exit_codes.h"
 #include "frontend/output/counted.h"
-#include "frontend/program.h"
 #include "frontend/read_value.h"
 
 namespace frontend {
@@ -41,26 +41,23 @@ void PrintHistory(const Context& context, clsWBPerson& person) {
     context.Note(Counted(sheet.rows.size(), "enrolment"));
 }
 
-void AddShow(Program& program, CLI::App* persons) {
+void AddShow(Command& persons) {
     struct Typed {
         std::string key;
         std::string kind;
         bool history = false;
     };
-    auto* command = persons->add_subcommand("show", "Show a person, with all enrolments if wanted");
+    auto& command = persons.Add("show", "Show a person, with all enrolments if wanted");
     const auto typed = std::make_shared<Typed>();
-    command->add_option("KEY", typed->key, "Number of the employee, key of the applicant or temporary worker")
-        ->required()
-        ->type_name("N");
+    command.Argument("KEY", &typed->key, "Number of the employee, key of the applicant or temporary worker").Required();
     AddKindOption(command, typed->kind);
-    command->add_flag("--history", typed->history, "Show the enrolments of the person, the earliest first");
-    command->footer(
+    command.Flag("--history", typed->history, "Show the enrolments of the person, the earliest first");
+    command.Remark(
         "With --history the enrolments come behind the person: in JSON as an array of its own behind the object, in\n"
         "CSV behind a blank line.");
-    program.OnCommand(command, [&program, typed] {
+    command.Does([typed](Context& context) {
         const Int32 key = ReadInt32("KEY", typed->key);
         const auto kind = ReadKind(typed->kind);
-        auto& context = program.Work();
         const auto person = PersonOf(context, key, kind);
         PrintPerson(context, *person, kind);
         if (typed->history) PrintHistory(context, *person);
@@ -82,8 +79,8 @@ const char* NameOf(KindOfPerson kind) {
     return "employee";
 }
 
-void AddKindOption(CLI::App* command, std::string& typed) {
-    command->add_option("--kind", typed, "employee, applicant or worker (a temporary one) [employee]")->type_name("KIND");
+void AddKindOption(Command& command, std::string& typed) {
+    command.Option("--kind", &typed, "KIND", "employee, applicant or worker (a temporary one) [employee]");
 }
 
 KindOfPerson ReadKind(const std::string& typed) {
@@ -106,10 +103,9 @@ Ref<clsWBPerson> PersonOf(Context& context, Int32 key, KindOfPerson kind) {
     return person;
 }
 
-void AddPersons(Program& program) {
-    auto* persons = program.AddCommand("persons", "Employees, applicants and temporary workers: show");
-    persons->require_subcommand(1);
-    AddShow(program, persons);
+void AddPersons(Command& program) {
+    auto& persons = program.Add("persons", "Employees, applicants and temporary workers: show");
+    AddShow(persons);
 }
 
 }  // namespace frontend

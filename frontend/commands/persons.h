@@ -1,11 +1,10 @@
 #pragma once
 
-#include <CLI/CLI.hpp>
-
 #include <string>
 
 #include <LumoSeminar/LumoSeminar.h>
 
+#include "frontend/command_line/command.h"
 #include "frontend/context.h"
 
 namespace frontend {
@@ -17,7 +16,7 @@ enum class KindOfPerson : LumoSeminar::Byte { kEmployee = 2, kApplicant = 3, kWo
 const char* NameOf(KindOfPerson kind);
 
 /// The option --kind, for `typed`; without it the person is an employee.
-void AddKindOption(CLI::App* command, std::string& typed);
+void AddKindOption(Command& command, std::string& typed);
 
 /// What was typed behind --kind. Raises UsageError.
 KindOfPerson ReadKind(const std::string& typed);

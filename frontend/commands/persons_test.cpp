@@ -111,8 +111,9 @@ TEST_F(PersonsCommand, ARefusedSelectIsToldWithItsLabel) {
 }
 
 TEST_F(PersonsCommand, WrongUsage) {
-    ExpectUsage(Run({"persons"}), "A command is missing.", "persons");
-    ExpectUsage(Run({"persons", "show"}), "KEY is required", "persons show");
+    ExpectUsage(Run({"persons"}), "A command is missing: show.", "persons");
+    ExpectUsage(Run({"persons", "show"}),
+                "KEY is missing: Number of the employee, key of the applicant or temporary worker.", "persons show");
     ExpectUsage(Run({"persons", "show", "Müller"}), "KEY: \"Müller\" is not a whole number.", "persons show");
     ExpectUsage(Run({"persons", "show", "1", "--kind", "AN"}), "--kind: \"AN\" is none of employee, applicant, worker.",
                 "persons show");

@@ -69,8 +69,8 @@ Text NameVorname(clsWBPerson& person) {
 
 const char* ConsentOf(clsSemWarteliste& entry) { return entry.Status() == 1 ? "given" : "none"; }
 
-CLI::Option* AddUserOption(CLI::App* command, std::string& typed, const char* help) {
-    return command->add_option("--user-id", typed, help)->type_name("N");
+Parameter& AddUserOption(Command& command, std::string& typed, const char* help) {
+    return command.Option("--user-id", &typed, "N", help);
 }
 
 Int32 ReadUser(const std::string& typed) { return ReadInt32("--user-id", typed); }

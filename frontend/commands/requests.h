@@ -1,12 +1,11 @@
 #pragma once
 
-#include <CLI/CLI.hpp>
-
 #include <functional>
 #include <string>
 
 #include <LumoSeminar/LumoSeminar.h>
 
+#include "frontend/command_line/command.h"
 #include "frontend/context.h"
 
 namespace frontend {
@@ -31,7 +30,7 @@ LumoSeminar::Text NameVorname(LumoSeminar::clsWBPerson& person);
 const char* ConsentOf(LumoSeminar::clsSemWarteliste& entry);
 
 /// The option --user-id, for `typed`: who acts, as the processes know users.
-CLI::Option* AddUserOption(CLI::App* command, std::string& typed, const char* help);
+Parameter& AddUserOption(Command& command, std::string& typed, const char* help);
 LumoSeminar::Int32 ReadUser(const std::string& typed);
 
 /// Takes a step that a process has a say in, and gives its exit code. Where the process does not count the decision

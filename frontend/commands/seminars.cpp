@@ -5,9 +5,9 @@
 #include "frontend/commands/commands.h"
 #include "frontend/commands/lists.h"
 #include "frontend/commands/seminar_columns.h"
+#include "frontend/context.h"
 #include "frontend/exit_codes.h"
 #include "frontend/output/counted.h"
-#include "frontend/program.h"
 #include "frontend/read_value.h"
 #include "frontend/text_filter.h"
 
@@ -54,23 +54,23 @@ int List(Context& context, const ListOptions& options) {
     return kDone;
 }
 
-void AddList(Program& program, CLI::App* seminars) {
-    auto* command = seminars->add_subcommand("list", "List the seminars of the client and those common to all");
+void AddList(Command& seminars) {
+    auto& command = seminars.Add("list", "List the seminars of the client and those common to all");
     const auto options = std::make_shared<ListOptions>();
-    command->add_flag("--all-columns", options->all_columns, "All columns in place of the most wanted");
-    command->add_option("--filter", options->filter, "Only seminars with this text in title or code, in any capitals")->type_name("TEXT");
-    program.OnCommand(command, [&program, options] { return List(program.Work(), *options); });
+    command.Flag("--all-columns", options->all_columns, "All columns in place of the most wanted");
+    command.Option("--filter", &options->filter, "TEXT", "Only seminars with this text in title or code, in any capitals");
+    command.Does([options](Context& context) { return List(context, *options); });
 }
 
 // show
 
-void AddShow(Program& program, CLI::App* seminars) {
-    auto* command = seminars->add_subcommand("show", "Show all columns of one seminar");
+void AddShow(Command& seminars) {
+    auto& command = seminars.Add("show", "Show all columns of one seminar");
     const auto key = std::make_shared<std::string>();
-    command->add_option("KEY", *key, "SemID of the seminar")->required()->type_name("N");
-    program.OnCommand(command, [&program, key] {
+    command.Argument("KEY", key.get(), "SemID of the seminar").Required().Naming(Names::kSeminar);
+    command.Does([key](Context& context) {
         const Int32 number = ReadInt32("KEY", *key);
-        Show(program.Work(), *SeminarsOf(program.Work())->Item(KeyText(number)));
+        Show(context, *SeminarsOf(context)->Item(KeyText(number)));
         return kDone;
     });
 }
@@ -87,15 +87,14 @@ int Add(Context& context, const SeminarChanges& changes) {
     return kDone;
 }
 
-void AddAdd(Program& program, CLI::App* seminars) {
-    auto* command = seminars->add_subcommand("add", "Add a seminar and show it as it is stored");
+void AddAdd(Command& seminars) {
+    auto& command = seminars.Add("add", "Add a seminar and show it as it is stored");
     const auto values = SeminarColumns().AddOptions(command);
-    command->get_option("--title")->required();
-    command->footer(
+    command.OptionNamed("--title").Required();
+    command.Remark(
         "The key is the greatest one plus 1. Without --mdnr the seminar belongs to the client.\n"
         "Numbers are typed with a point.");
-    program.OnCommand(command,
-                      [&program, values] { return Add(program.Work(), SeminarColumns().ReadChanges(*values, {})); });
+    command.Does([values](Context& context) { return Add(context, SeminarColumns().ReadChanges(*values, {})); });
 }
 
 // set
@@ -114,19 +113,19 @@ int Set(Context& context, Int32 key, const SeminarChanges& changes) {
     return kDone;
 }
 
-void AddSet(Program& program, CLI::App* seminars) {
+void AddSet(Command& seminars) {
     struct Typed {
         std::string key;
         std::vector<std::string> pairs;
     };
-    auto* command = seminars->add_subcommand("set", "Change columns of a seminar and show it as it is stored");
+    auto& command = seminars.Add("set", "Change columns of a seminar and show it as it is stored");
     const auto typed = std::make_shared<Typed>();
-    command->add_option("KEY", typed->key, "SemID of the seminar")->required()->type_name("N");
-    command->add_option("CHANGES", typed->pairs, "column=value, as in SemTitel=\"Erste Hilfe\" KostenProTN=49.90")->type_name("column=value");
+    command.Argument("KEY", &typed->key, "SemID of the seminar").Required().Naming(Names::kSeminar);
+    command.Argument("CHANGES", &typed->pairs, "column=value, as in SemTitel=\"Erste Hilfe\" KostenProTN=49.90");
     const auto values = SeminarColumns().AddOptions(command);
-    program.OnCommand(command, [&program, typed, values] {
+    command.Does([typed, values](Context& context) {
         const Int32 key = ReadInt32("KEY", typed->key);
-        return Set(program.Work(), key, SeminarColumns().ReadChanges(*values, typed->pairs));
+        return Set(context, key, SeminarColumns().ReadChanges(*values, typed->pairs));
     });
 }
 
@@ -162,24 +161,23 @@ int Remove(Context& context, const std::vector<Int32>& keys) {
     return code;
 }
 
-void AddRemove(Program& program, CLI::App* seminars) {
-    auto* command = seminars->add_subcommand("remove", "Remove seminars; none where one of the keys is unknown");
-    command->footer("A seminar that has dates stays.");
+void AddRemove(Command& seminars) {
+    auto& command = seminars.Add("remove", "Remove seminars; none where one of the keys is unknown");
+    command.Remark("A seminar that has dates stays.");
     const auto typed = std::make_shared<std::vector<std::string>>();
-    command->add_option("KEY", *typed, "SemID of each seminar")->required()->type_name("N");
-    program.OnCommand(command, [&program, typed] { return Remove(program.Work(), ReadKeys("KEY", *typed)); });
+    command.Argument("KEY", typed.get(), "SemID of each seminar").Required().Naming(Names::kSeminar);
+    command.Does([typed](Context& context) { return Remove(context, ReadKeys("KEY", *typed)); });
 }
 
 }  // namespace
 
-void AddSeminars(Program& program) {
-    auto* seminars = program.AddCommand("seminars", "The seminar catalogue: list, show, add, set, remove");
-    seminars->require_subcommand(1);
-    AddList(program, seminars);
-    AddShow(program, seminars);
-    AddAdd(program, seminars);
-    AddSet(program, seminars);
-    AddRemove(program, seminars);
+void AddSeminars(Command& program) {
+    auto& seminars = program.Add("seminars", "The seminar catalogue: list, show, add, set, remove");
+    AddList(seminars);
+    AddShow(seminars);
+    AddAdd(seminars);
+    AddSet(seminars);
+    AddRemove(seminars);
 }
 
 }  // namespace frontend

@@ -9,8 +9,8 @@
 
 #include "frontend/commands/columns.h"
 #include "frontend/commands/commands.h"
+#include "frontend/context.h"
 #include "frontend/exit_codes.h"
-#include "frontend/program.h"
 #include "frontend/read_value.h"
 
 namespace frontend {
@@ -108,24 +108,24 @@ int List(Context& context) {
     return kDone;
 }
 
-void AddList(Program& program, CLI::App* series) {
-    auto* command = series->add_subcommand("list", "List the series with their rules in words");
-    program.OnCommand(command, [&program] { return List(program.Work()); });
+void AddList(Command& series) {
+    auto& command = series.Add("list", "List the series with their rules in words");
+    command.Does([](Context& context) { return List(context); });
 }
 
 // show
 
-void AddShow(Program& program, CLI::App* series) {
-    auto* command = series->add_subcommand("show", "Show all columns of one series, and its rule in words");
+void AddShow(Command& series) {
+    auto& command = series.Add("show", "Show all columns of one series, and its rule in words");
     const auto typed = std::make_shared<std::string>();
-    command->add_option("KEY", *typed, "SerienID of the series")->required()->type_name("N");
-    program.OnCommand(command, [&program, typed] {
+    command.Argument("KEY", typed.get(), "SerienID of the series").Required().Naming(Names::kSeries);
+    command.Does([typed](Context& context) {
         const Int32 key = ReadInt32("KEY", *typed);
-        const auto keys = Keys(program.Work());
+        const auto keys = Keys(context);
         if (std::ranges::find(keys, key) == keys.end()) {
             Raise(ErrorNumber::kKeyNotFound, fmt::format("There is no series {}.", key));
         }
-        Show(program.Work(), key);
+        Show(context, key);
         return kDone;
     });
 }
@@ -184,27 +184,26 @@ int Add(Context& context, const AddOptions& options) {
     return kDone;
 }
 
-void AddAdd(Program& program, CLI::App* series) {
-    auto* command = series->add_subcommand("add", "Add a series and show it as it is stored");
+void AddAdd(Command& series) {
+    auto& command = series.Add("add", "Add a series and show it as it is stored");
     const auto options = std::make_shared<AddOptions>();
-    command->add_option("--begin", options->begin, "Time at which each session starts, as 09:30")->required()->type_name("TIME");
-    command->add_option("--end", options->end, "Time at which each session ends")->required()->type_name("TIME");
-    command->add_flag("--daily", options->daily, "Every day");
-    command->add_flag("--workdays", options->workdays, "Every day from Monday to Friday");
-    command->add_option("--weekly", options->weeks, "Every how many weeks; needs --on")->type_name("N");
-    command->add_option("--on", options->on, "On which weekdays, as Mo,Do: Mo, Di, Mi, Do, Fr, Sa, So")->type_name("DAYS");
-    command->footer("The key is the greatest one plus 1. A series cannot be changed: add another one.");
-    program.OnCommand(command, [&program, options] { return Add(program.Work(), *options); });
+    command.Option("--begin", &options->begin, "TIME", "Time at which each session starts, as 09:30").Required();
+    command.Option("--end", &options->end, "TIME", "Time at which each session ends").Required();
+    command.Flag("--daily", options->daily, "Every day");
+    command.Flag("--workdays", options->workdays, "Every day from Monday to Friday");
+    command.Option("--weekly", &options->weeks, "N", "Every how many weeks; needs --on");
+    command.Option("--on", &options->on, "DAYS", "On which weekdays, as Mo,Do: Mo, Di, Mi, Do, Fr, Sa, So");
+    command.Remark("The key is the greatest one plus 1. A series cannot be changed: add another one.");
+    command.Does([options](Context& context) { return Add(context, *options); });
 }
 
 }  // namespace
 
-void AddSeries(Program& program) {
-    auto* series = program.AddCommand("series", "The recurrence series of seminars and dates: list, show, add");
-    series->require_subcommand(1);
-    AddList(program, series);
-    AddShow(program, series);
-    AddAdd(program, series);
+void AddSeries(Command& program) {
+    auto& series = program.Add("series", "The recurrence series of seminars and dates: list, show, add");
+    AddList(series);
+    AddShow(series);
+    AddAdd(series);
 }
 
 }  // namespace frontend

@@ -113,7 +113,8 @@ TEST_F(SeriesCommand, AddWeekly) {
 
 TEST_F(SeriesCommand, WrongUsageAddsNothing) {
     const char* const add = "series add";
-    ExpectUsage(Run({"series", "add", "--begin", "09:00", "--daily"}), "--end is required", add);
+    ExpectUsage(Run({"series", "add", "--begin", "09:00", "--daily"}),
+                "--end is missing: Time at which each session ends.", add);
     ExpectUsage(Run(Add({})), "Give one of --daily, --workdays and --weekly N.", add);
     ExpectUsage(Run(Add({"--daily", "--weekly", "1", "--on", "Mo"})), "Give one of --daily, --workdays and --weekly N.", add);
     ExpectUsage(Run(Add({"--workdays", "--on", "Mo"})), "--on goes with --weekly only.", add);

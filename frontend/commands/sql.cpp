@@ -6,10 +6,10 @@
 #include <memory>
 
 #include "frontend/commands/commands.h"
+#include "frontend/context.h"
 #include "frontend/exit_codes.h"
 #include "frontend/files.h"
 #include "frontend/output/failure.h"
-#include "frontend/program.h"
 
 namespace frontend {
 
@@ -83,17 +83,17 @@ int Sql(Context& context, const SqlOptions& options) {
 
 }  // namespace
 
-void AddSql(Program& program) {
-    auto* command = program.AddCommand("sql", "Run a text of T-SQL and print the rows");
+void AddSql(Command& program) {
+    auto& command = program.Add("sql", "Run a text of T-SQL and print the rows");
     const auto options = std::make_shared<SqlOptions>();
-    command->add_option("TEXT", options->text, "The text, or - for standard input")->type_name("");
-    command->add_option("--file", options->file, "A file with the text")->type_name("FILE")->check(FileThatExists());
-    command->footer(
+    command.Argument("TEXT", &options->text, "The text, or - for standard input");
+    command.Option("--file", &options->file, "FILE", "A file with the text").ExistingFile();
+    command.Remark(
         "Batches are parted by lines GO. Of each batch the rows of the first statement\n"
         "that yields any are printed, also where a statement behind it is refused; the\n"
         "first batch that is refused ends the run. In JSON each row set is an array of\n"
         "its own, in CSV a blank line stands between.");
-    program.OnCommand(command, [&program, options] { return Sql(program.Work(), *options); });
+    command.Does([options](Context& context) { return Sql(context, *options); });
 }
 
 }  // namespace frontend

@@ -4,9 +4,9 @@
 #include <memory>
 
 #include "frontend/commands/commands.h"
+#include "frontend/context.h"
 #include "frontend/exit_codes.h"
 #include "frontend/output/screen_text.h"
-#include "frontend/program.h"
 
 namespace frontend {
 
@@ -68,12 +68,12 @@ int Tables(Context& context, const TablesOptions& options) {
 
 }  // namespace
 
-void AddTables(Program& program) {
-    auto* command = program.AddCommand("tables", "List the tables, or the columns of one");
+void AddTables(Command& program) {
+    auto& command = program.Add("tables", "List the tables, or the columns of one");
     const auto options = std::make_shared<TablesOptions>();
-    command->add_option("TABLE", options->name, "Show the columns of this table")->type_name("");
-    command->add_flag("--columns", options->columns, "Show the columns of all tables");
-    program.OnCommand(command, [&program, options] { return Tables(program.Work(), *options); });
+    command.Argument("TABLE", &options->name, "Show the columns of this table");
+    command.Flag("--columns", options->columns, "Show the columns of all tables");
+    command.Does([options](Context& context) { return Tables(context, *options); });
 }
 
 }  // namespace frontend

@@ -1,9 +1,9 @@
 #include <fmt/format.h>
 
 #include "frontend/commands/commands.h"
+#include "frontend/context.h"
 #include "frontend/creation.h"
 #include "frontend/exit_codes.h"
-#include "frontend/program.h"
 #include "frontend/sessions.h"
 #include "frontend/tour/chapters.h"
 #include "frontend/tour/ground.h"
@@ -89,13 +89,13 @@ int WalkTour(Context& context) {
 
 }  // namespace
 
-void AddTour(Program& program) {
-    auto* command = program.AddCommand("tour", "Walk through what there is: calls, statements, outcomes");
-    command->footer(
+void AddTour(Command& program) {
+    auto& command = program.Add("tour", "Walk through what there is: calls, statements, outcomes");
+    command.Remark(
         "Without --connect the tour makes a database of its own in memory, so that it runs anywhere. On a given\n"
         "database it uses the tables that are there, or creates them with the sample; what it adds it removes again.\n"
         "Each outcome is checked: one that is not as told gives the exit code 1.");
-    program.OnCommand(command, [&program] { return WalkTour(program.Work()); });
+    command.Does([](Context& context) { return WalkTour(context); });
 }
 
 }  // namespace frontend

@@ -10,9 +10,9 @@
 #include "frontend/commands/lists.h"
 #include "frontend/commands/persons.h"
 #include "frontend/commands/requests.h"
+#include "frontend/context.h"
 #include "frontend/exit_codes.h"
 #include "frontend/output/counted.h"
-#include "frontend/program.h"
 #include "frontend/read_value.h"
 
 namespace frontend {
@@ -114,32 +114,32 @@ constexpr const char* kColumnsFooter =
     "First come, first listed. Herkunft: 1 from a training need, 2 from a cancellation, 3 and 4 by consent. Consent is\n"
     "none where it was withdrawn and where nobody has given one, as behind a cancellation.";
 
-void AddPersonOption(CLI::App* command, ListOptions& options) {
-    command->add_option("--person", options.person, "Number of the employee")->type_name("N");
+void AddPersonOption(Command& command, ListOptions& options) {
+    command.Option("--person", &options.person, "N", "Number of the employee");
 }
 
 }  // namespace
 
-void AddWaitlist(Program& program) {
-    auto* command = program.AddCommand("waitlist", "List who waits for a date, or which dates a person waits for");
+void AddWaitlist(Command& program) {
+    auto& command = program.Add("waitlist", "List who waits for a date, or which dates a person waits for");
     const auto options = std::make_shared<ListOptions>();
-    command->add_option("--date", options->thing, "SemTerminID of the date")->type_name("N");
+    command.Option("--date", &options->thing, "N", "SemTerminID of the date").Naming(Names::kDate);
     AddPersonOption(command, *options);
-    command->add_flag("--state", options->state,
-                      "Show the state of the approval of each request: one select more for a request, two while it is "
-                      "pending");
-    command->footer(kColumnsFooter);
-    program.OnCommand(command, [&program, options] { return PrintWaitlist(program.Work(), *options); });
+    command.Flag("--state", options->state,
+                 "Show the state of the approval of each request: one select more for a request, two while it is "
+                 "pending");
+    command.Remark(kColumnsFooter);
+    command.Does([options](Context& context) { return PrintWaitlist(context, *options); });
 }
 
-void AddInterest(Program& program) {
-    auto* command =
-        program.AddCommand("interest", "List who is interested in a seminar, or which seminars a person is interested in");
+void AddInterest(Command& program) {
+    auto& command =
+        program.Add("interest", "List who is interested in a seminar, or which seminars a person is interested in");
     const auto options = std::make_shared<ListOptions>();
-    command->add_option("--seminar", options->thing, "SemID of the seminar")->type_name("N");
+    command.Option("--seminar", &options->thing, "N", "SemID of the seminar").Naming(Names::kSeminar);
     AddPersonOption(command, *options);
-    command->footer(kColumnsFooter);
-    program.OnCommand(command, [&program, options] { return PrintInterest(program.Work(), *options); });
+    command.Remark(kColumnsFooter);
+    command.Does([options](Context& context) { return PrintInterest(context, *options); });
 }
 
 }  // namespace frontend

@@ -136,7 +136,7 @@ TEST_F(RequestLists, WrongUsage) {
     ExpectUsage(Run({"interest"}), "Give one of --seminar N and --person N.", "interest");
     ExpectUsage(Run({"interest", "--seminar", "1", "--person", "1"}), "Give one of --seminar N and --person N.", "interest");
     ExpectUsage(Run({"interest", "--seminar", ""}), "--seminar: \"\" is not a whole number.", "interest");
-    ExpectUsage(Run({"interest", "--person", "1", "--state"}), "The following argument was not expected: --state", "interest");
+    ExpectUsage(Run({"interest", "--person", "1", "--state"}), "There is no option --state.", "interest");
 }
 
 }  // namespace

@@ -1,0 +1,18 @@
+#include "frontend/commands/commands.h"
+
+namespace frontend {
+
+namespace {
+
+constexpr void (*kCommands[])(Command&) = {AddInit,         AddSeminars, AddDates,    AddDays,    AddSeries,
+                                           AddParticipants, AddWaitlist, AddInterest, AddNeeds,   AddConsent,
+                                           AddCheck,        AddApprove,  AddWithdraw, AddPersons, AddFocus,
+                                           AddBudget,       AddSql,      AddTables,   AddTour};
+
+}  // namespace
+
+void AddCommands(Command& program) {
+    for (const auto add : kCommands) add(program);
+}
+
+}  // namespace frontend
