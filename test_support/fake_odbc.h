@@ -6,6 +6,7 @@
 #include <string>
 
 #include <test_support/odbc_driver/script.h>
+#include <test_support/places.h>
 
 namespace test_support {
 
@@ -14,7 +15,7 @@ namespace test_support {
 class FakeOdbc {
   public:
     FakeOdbc() {
-        void* file = dlopen(kFile, RTLD_NOW | RTLD_NODELETE);
+        void* file = dlopen(ScriptedDriver(), RTLD_NOW | RTLD_NODELETE);
         void* entry = file ? dlsym(file, "LumoOdbcDriverScript") : nullptr;
         if (!entry) {
             ADD_FAILURE() << dlerror();
@@ -33,11 +34,11 @@ class FakeOdbc {
 
     odbc_driver::Script* operator->() const { return script_; }
     /// A connection text for it.
-    std::string ConnectionText(const std::string& more = {}) const { return std::string("Driver=") + kFile + more; }
+    std::string ConnectionText(const std::string& more = {}) const {
+        return std::string("Driver=") + ScriptedDriver() + more;
+    }
 
   private:
-    static constexpr const char* kFile = LUMO_ODBC_TEST_DRIVER;
-
     odbc_driver::Script* script_ = nullptr;
 };
 

@@ -12,6 +12,7 @@
 
 #include <LumoConnection/any_session.h>
 #include <LumoConnection/batches.h>
+#include <test_support/places.h>
 
 /// The server that tests run on where the environment variable LUMOSEMINAR_TEST_ODBC holds an ODBC connection text of a
 /// Microsoft SQL Server. Its database has to have "test" in its name: the tests drop the tables of the schema in it.
@@ -24,7 +25,7 @@ inline std::string ServerText() {
 }
 
 inline std::vector<LumoConnection::Batch> SchemaBatches(const std::string& name) {
-    std::ifstream file(LUMO_SOURCE_DIR "/schema/" + name);
+    std::ifstream file(SourceDir() + "/schema/" + name);
     std::ostringstream text;
     text << file.rdbuf();
     return LumoConnection::SplitBatches(text.str());

@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include <LumoConnection/embedded/records_test.h>
+#include <test_support/places.h>
 
 namespace LumoConnection::Embedded {
 namespace {
@@ -23,7 +24,7 @@ void RunFolder(const std::filesystem::path& folder) {
     EXPECT_GT(files, 0u) << folder;
 }
 
-TEST(Dialect, HoldsItsOwnRecords) { RunFolder(LUMO_SOURCE_DIR "/LumoConnection/embedded/testdata"); }
+TEST(Dialect, HoldsItsOwnRecords) { RunFolder(test_support::SourceDir() + "/LumoConnection/embedded/testdata"); }
 
 // Further records, in a folder of the same form.
 TEST(Dialect, HoldsTheRecordsOfAGivenFolder) {

@@ -13,6 +13,7 @@
 
 #include <LumoConnection/embedded/session.h>
 #include <test_support/embedded.h>
+#include <test_support/places.h>
 
 // Every statement that the library sends, as it sends it, on the sample database. The table is testdata/statements.txt.
 namespace LumoConnection {
@@ -69,7 +70,7 @@ std::optional<Call> ReadExpectation(const std::string& line) {
 }
 
 std::vector<NamedStatement> ReadStatements() {
-    const std::string path = LUMO_SOURCE_DIR "/LumoConnection/embedded/testdata/statements.txt";
+    const std::string path = test_support::SourceDir() + "/LumoConnection/embedded/testdata/statements.txt";
     std::ifstream file(path, std::ios::binary);
     std::vector<NamedStatement> statements;
     std::string area;

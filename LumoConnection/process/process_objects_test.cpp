@@ -4,6 +4,7 @@
 
 #include <LumoConnection/process/process_fixture_test.h>
 #include <LumoSeminar/frame/clock.h>
+#include <test_support/places.h>
 
 namespace LumoConnection {
 namespace {
@@ -329,7 +330,7 @@ TEST(ProcessSchema, IsRefusedAsAWholeTheSecondTime) {
     const auto session = test_support::EmptyDatabase();
     test_support::RunSchemaFile(*session, "process.sql");
     Grant(*session, kNeeds, 1, kAnna);
-    std::ifstream file(LUMO_SOURCE_DIR "/schema/process.sql");
+    std::ifstream file(test_support::SourceDir() + "/schema/process.sql");
     std::ostringstream text;
     text << file.rdbuf();
     const auto batches = SplitBatches(text.str());
