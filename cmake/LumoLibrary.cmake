@@ -27,9 +27,10 @@ endfunction()
 
 # Makes the targets <name> (shared) and <name>Static of the sources in the folder <name>, compiled once, with their
 # public headers. SHARED_LINKS and STATIC_LINKS are seen by users of the library, PRIVATE_LINKS are not. Sources that match
-# EXCLUDE_SOURCES are left out.
+# EXCLUDE_SOURCES are left out. Most of the time that a source takes goes into the same few headers: those of PRECOMPILED are
+# read once.
 function(lumo_library name)
-    cmake_parse_arguments(arg "" "EXCLUDE_SOURCES" "SHARED_LINKS;STATIC_LINKS;PRIVATE_LINKS" ${ARGN})
+    cmake_parse_arguments(arg "" "EXCLUDE_SOURCES" "SHARED_LINKS;STATIC_LINKS;PRIVATE_LINKS;PRECOMPILED" ${ARGN})
 
     file(GLOB_RECURSE sources CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR} ${name}/*.cpp)
     file(GLOB_RECURSE headers CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR} ${name}/*.h)
@@ -44,6 +45,8 @@ function(lumo_library name)
     set_target_properties(${name}Objects PROPERTIES POSITION_INDEPENDENT_CODE ON)
     target_include_directories(${name}Objects PRIVATE ${PROJECT_SOURCE_DIR})
     target_link_libraries(${name}Objects PRIVATE lumo_warnings ${arg_PRIVATE_LINKS})
+
+    target_precompile_headers(${name}Objects PRIVATE ${arg_PRECOMPILED})
 
     add_library(${name} SHARED $<TARGET_OBJECTS:${name}Objects>)
     add_library(${name}Static STATIC $<TARGET_OBJECTS:${name}Objects>)

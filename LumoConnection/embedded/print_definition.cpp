@@ -8,7 +8,7 @@ namespace {
 
 // Kept by SQLite without any change of the value.
 std::string ColumnType(Type type) {
-    if (IsText(type.kind)) return std::string("TEXT COLLATE ") + kCollation;
+    if (IsText(type.kind)) return std::string("TEXT COLLATE ").append(kCollation);
     return IsFloating(type.kind) ? "REAL" : "INTEGER";
 }
 
@@ -59,7 +59,7 @@ std::vector<std::string> PrintKey(const Table& table, const Key& key) {
         const Column& known = table.columns[static_cast<std::size_t>(column)];
         const std::string quoted = QuoteName(known.name);
         values += (values.empty() ? "ifnull(" : ", ifnull(") + quoted + ", x'00')";
-        if (IsText(known.type.kind)) values += std::string(" COLLATE ") + kCollation;
+        if (IsText(known.type.kind)) values.append(" COLLATE ").append(kCollation);
         if (nullable(column)) condition += (condition.empty() ? "" : " OR ") + quoted + " IS NULL";
     }
     statements.push_back("CREATE UNIQUE INDEX " + QuoteName(name + ".null") + " ON " + QuoteName(table.name) + "(" +
