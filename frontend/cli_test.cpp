@@ -10,6 +10,8 @@
 #include <sstream>
 #include <stdexcept>
 
+#include <test_support/places.h>
+
 namespace frontend {
 
 namespace fs = std::filesystem;
@@ -33,7 +35,7 @@ Outcome RunIn(const fs::path& folder, const Arguments& arguments, const std::str
     WriteAll(folder / "in", input);
     std::string command = "cd " + InShellQuotes(folder) +
                           " && env -u LUMOSEMINAR_CONNECT -u LUMOSEMINAR_PASSWORD -u LUMOSEMINAR_SCHEMA -u NO_COLOR " +
-                          environment + " " + InShellQuotes(LUMOSEMINAR_PROGRAM);
+                          environment + " " + InShellQuotes(test_support::Program());
     for (const auto& argument : arguments) command += " " + InShellQuotes(argument);
     const int status = std::system((command + " <in >out 2>err").c_str());
     return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, ReadAll(folder / "out"), ReadAll(folder / "err")};
@@ -77,7 +79,7 @@ std::string Cli::RunOnTerminal(const Arguments& arguments, const char* no_colour
     int terminal = -1;
     const pid_t child = forkpty(&terminal, nullptr, nullptr, &size);
     if (child == 0) {
-        std::vector<std::string> words = {LUMOSEMINAR_PROGRAM};
+        std::vector<std::string> words = {test_support::Program()};
         words.insert(words.end(), arguments.begin(), arguments.end());
         std::vector<char*> pointers;
         pointers.reserve(words.size() + 1);
@@ -85,7 +87,7 @@ std::string Cli::RunOnTerminal(const Arguments& arguments, const char* no_colour
         pointers.push_back(nullptr);
         setenv("TERM", "xterm", 1);
         no_colour != nullptr ? setenv("NO_COLOR", no_colour, 1) : unsetenv("NO_COLOR");
-        if (chdir(folder_.c_str()) == 0) execv(LUMOSEMINAR_PROGRAM, pointers.data());
+        if (chdir(folder_.c_str()) == 0) execv(pointers.front(), pointers.data());
         _exit(127);
     }
     std::string shown;

@@ -3,6 +3,8 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include <test_support/places.h>
+
 namespace frontend {
 namespace {
 
@@ -141,8 +143,8 @@ TEST_F(Cli, ADatabaseThatCannotBeOpenedIsToldAbout) {
 
 TEST_F(Cli, AFullDiskUnderTheOutputIsAFailure) {
     UseSample();
-    const std::string command =
-        "cd " + InShellQuotes(folder_) + " && " + InShellQuotes(LUMOSEMINAR_PROGRAM) + " seminars list >/dev/full 2>err";
+    const std::string command = "cd " + InShellQuotes(folder_) + " && " + InShellQuotes(test_support::Program()) +
+                                " seminars list >/dev/full 2>err";
     const int status = std::system(command.c_str());
     EXPECT_EQ(WEXITSTATUS(status), 1);
     EXPECT_THAT(ReadAll(folder_ / "err"), HasSubstr("lumoseminar: standard output could not be written.\n"));

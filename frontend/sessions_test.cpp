@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include <test_support/places.h>
+
 #include "frontend/creation.h"
 
 namespace frontend {
@@ -18,7 +20,7 @@ TEST(OpenSession, TheProcessObjectsWorkOnItAlsoInMemory) {
         if (call.statement.starts_with("INSERT INTO Sem_Prozess")) inserted.push_back(call.statement);
     };
     const auto session = OpenSession({"Provider=Embedded;Data Source=:memory:", "", ""}, MissingFile::kRefuse, watcher).session;
-    RunScript(session, ReadScript(LUMOSEMINAR_SCHEMA_SOURCE "/process.sql"), [] {});
+    RunScript(session, ReadScript(test_support::SourceDir() + "/schema/process.sql"), [] {});
     MakeInfoStarter()->Starten(8, 57, 11);
     const auto process = MakeInfoDispatcher();
     process->Initialisieren(8, 57, 1, 130);
@@ -29,7 +31,7 @@ TEST(OpenSession, TheProcessObjectsWorkOnItAlsoInMemory) {
 TEST(OpenSession, TheLaterOneCounts) {
     const auto Open = [] {
         auto session = OpenSession({"Provider=Embedded;Data Source=:memory:", "", ""}, MissingFile::kRefuse).session;
-        RunScript(session, ReadScript(LUMOSEMINAR_SCHEMA_SOURCE "/process.sql"), [] {});
+        RunScript(session, ReadScript(test_support::SourceDir() + "/schema/process.sql"), [] {});
         return session;
     };
     const auto earlier = Open();

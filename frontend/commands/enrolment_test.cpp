@@ -2,6 +2,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <test_support/places.h>
+
 #include "frontend/cli_test.h"
 #include "frontend/usage_test.h"
 
@@ -43,7 +45,7 @@ class EnrolCommand : public Cli {
     /// Runs the program on a terminal, where somebody types.
     /// @param redirection  of the shell, behind the command
     Conversation Talk(const Arguments& arguments, const std::string& typed, const std::string& redirection = {}) const {
-        std::string command = "exec " + InShellQuotes(LUMOSEMINAR_PROGRAM);
+        std::string command = "exec " + InShellQuotes(test_support::Program());
         for (const auto& argument : arguments) command += " " + InShellQuotes(argument);
         command += " " + redirection;
         int terminal = -1;

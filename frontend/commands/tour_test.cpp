@@ -1,3 +1,4 @@
+#include <test_support/places.h>
 #include <test_support/server.h>
 
 #include "frontend/cli_test.h"
@@ -61,7 +62,7 @@ TEST_F(Cli, TourLeavesAGivenDatabaseAsItWas) {
 }
 
 TEST_F(Cli, TourMakesTheTablesOfTheProcessObjectsWhereOnlyTheyAreMissing) {
-    const auto schema = fs::path(LUMOSEMINAR_SCHEMA_SOURCE);
+    const auto schema = fs::path(test_support::SourceDir()) / "schema";
     ASSERT_EQ(Run({"init", "--schema", (schema / "schema.sql").string(), (schema / "sample.sql").string()}).code, 0);
     const auto done = Run({"tour", "--connect", "Provider=Embedded;Data Source=lumoseminar.db"});
     EXPECT_EQ(done.code, 0) << done.out << done.err;
@@ -86,13 +87,13 @@ TEST_F(Cli, TourFillsAnEmptyDatabase) {
 
 TEST_F(Cli, TourFindsOutWhatIsNotAsTold) {
     // Half an hour cannot be stored here, so that the update is not what is read back.
-    auto schema = ReadAll(fs::path(LUMOSEMINAR_SCHEMA_SOURCE) / "schema.sql");
+    auto schema = ReadAll(fs::path(test_support::SourceDir()) / "schema" / "schema.sql");
     const std::string column = "Stunden float NULL";
     ASSERT_NE(schema.find(column), std::string::npos);
     schema.replace(schema.find(column), column.size(), "Stunden int NULL");
     WriteAll(folder_ / "schema.sql", schema);
     for (const char* file : {"process.sql", "sample.sql", "process_sample.sql"}) {
-        fs::copy_file(fs::path(LUMOSEMINAR_SCHEMA_SOURCE) / file, folder_ / file);
+        fs::copy_file(fs::path(test_support::SourceDir()) / "schema" / file, folder_ / file);
     }
     const auto done = Run({"tour"}, {}, "LUMOSEMINAR_SCHEMA=.");
     EXPECT_EQ(done.code, 1) << done.err;
