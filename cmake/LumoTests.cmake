@@ -55,7 +55,7 @@ if(LUMOSEMINAR_WITH_ODBC)
 endif()
 target_precompile_headers(lumo_tests PRIVATE <gmock/gmock.h> <gtest/gtest.h>)
 # Optimised, the tests themselves take twice as long to build and run no faster for it.
-target_compile_options(lumo_tests PRIVATE $<$<CONFIG:Sanitized>:-O0>)
+target_compile_options(lumo_tests PRIVATE $<$<CONFIG:Sanitized,Release>:-O0>)
 
 if(LUMOSEMINAR_FRONTEND)
     file(GLOB_RECURSE frontend_test_sources CONFIGURE_DEPENDS frontend/*_test.cpp)
