@@ -24,8 +24,8 @@ struct Login {
 /// Numbers of the errors that process objects raise of themselves, beside 9999 with the session's LastErrorText for
 /// what the database refuses, and 429 where there is no database to work on.
 namespace ProcessError {
-/// A decision that does not count: the user has no right at this stage, the process is decided already, somebody else
-/// decided at the same moment, or there is no subject. The description says which. Nothing was changed.
+/// A decision that does not count: the user has no right at this stage, the process is decided the other way, somebody
+/// else decided at the same moment, or there is no subject. The description says which. Nothing was changed.
 inline constexpr LumoSeminar::Int32 kDecisionRefused = 70;
 }  // namespace ProcessError
 
@@ -43,15 +43,20 @@ inline constexpr LumoSeminar::Int32 kRejected = 3;
 /// Verbinden, or with those of the login. The first argument of Verbinden is not looked at.
 ///
 /// Starten begins the process of a subject anew, at the first stage: keys of deleted subjects are given out again,
-/// and what was decided on such a one counts no more. A key of 0 names no subject and starts nothing. Gives Empty.
+/// and what was decided on such a one counts no more. The step keeps the client and the person that the row of the
+/// subject names, where there is one. A key of 0 names no subject and starts nothing. Gives Empty.
 LumoSeminar::Ref<LumoSeminar::InfoStarter> MakeProcessStarter(Login login);
 
 /// Zustimmen and Ablehnen count at the stage that the process waits at, and raise ProcessError::kDecisionRefused where
 /// they do not count. A subject without a process gets one with the decision, at the last stage. A remark has at most
 /// 255 characters. One insert, behind three selects.
+/// Once the process is decided, a decision the same way passes and changes nothing, so that a step that failed behind
+/// the decision can be done again; it is for users who have a right at any stage of the module. One the other way is
+/// refused.
 /// Loeschen ends any process, without a word where there is none. BenutzerHatRechte is false once it is decided.
 /// ProzessStatusText: "Kein Vorgang", "Stufe 1 von 2: Entscheidung durch Vorgesetzte", "Genehmigt", "Abgelehnt".
-/// What was decided on the key for another person than the bound one is that of a deleted subject and not looked at.
+/// A process of the key whose last step names another person than the bound one, or another client, is that of a
+/// deleted subject and reads as none. Steps that name nobody, as a start without a row of the subject, are anybody's.
 LumoSeminar::Ref<LumoSeminar::InfoDispatcher> MakeProcessDispatcher(Login login);
 
 }  // namespace LumoConnection

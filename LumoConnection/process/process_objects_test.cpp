@@ -20,8 +20,8 @@ struct Walk {
     Int32 entry_status;
     const char* text;
     const char* steps;
-    /// What the next decision is told, "" if it counts.
-    const char* refusal = "";
+    /// What was decided, "" where nothing is.
+    const char* decided = "";
 };
 
 constexpr Walk kWalks[] = {
@@ -72,15 +72,17 @@ TEST_F(ProcessWalks, EndWhereTheyShould) {
             EXPECT_EQ(process->ProzessStatus(), module == kNeeds ? walk.need_status : walk.entry_status);
             EXPECT_EQ(process->ProzessStatusText(), walk.text);
             EXPECT_EQ(Steps(*session_, module, key), walk.steps);
-            const bool decided = *walk.refusal != '\0';
-            EXPECT_EQ(process->BenutzerHatRechte(kAnna), !decided);
-            if (!decided) continue;
+            const Text decided = walk.decided;
+            EXPECT_EQ(process->BenutzerHatRechte(kAnna), decided.empty());
+            if (decided.empty()) continue;
 
             const Text subject = (module == kNeeds ? "training need " : "wait-list entry ") + std::to_string(key);
-            const Text refusal = "User 17 may not decide: " + subject + " is " + walk.refusal + " already.";
-            EXPECT_EQ(Refusal([&] { process->Zustimmen(kAnna, ""); }), refusal);
-            EXPECT_EQ(Refusal([&] { process->Ablehnen(kAnna, ""); }), refusal);
+            const Text refusal = "User 17 may not decide: " + subject + " is " + decided + " already.";
+            const bool approved = decided == "approved";
+            EXPECT_EQ(Refusal([&] { process->Zustimmen(kAnna, ""); }), approved ? "" : refusal);
+            EXPECT_EQ(Refusal([&] { process->Ablehnen(kAnna, ""); }), approved ? refusal : "");
             EXPECT_EQ(Steps(*session_, module, key), walk.steps);
+            EXPECT_EQ(process->ProzessStatus(), module == kNeeds ? walk.need_status : walk.entry_status);
         }
     }
 }
@@ -166,6 +168,28 @@ TEST_F(ProcessRights, CountFromTheMomentTheyAreGiven) {
     Execute(*session_, "DELETE FROM Sem_ProzessRecht_IT WHERE UserID = 19");
     EXPECT_NE(Refusal([&] { process->Zustimmen(kClara, ""); }), "");
     EXPECT_EQ(process->BenutzerHatRechte(kClara), false);
+}
+
+TEST_F(ProcessRights, ToRepeatADecisionHasWhoeverDecidesAtAnyStage) {
+    Start(kNeeds, 12);
+    const auto process = Bound(kNeeds, 12);
+    process->Zustimmen(kBoris, "");
+    EXPECT_EQ(Refusal([&] { process->Zustimmen(kBoris, ""); }), "User 18 may not decide on training need 12 at stage 2 (Weiterbildung).")
+        << "nothing is decided yet";
+    process->Zustimmen(kClara, "");
+    const Text steps = "Start 1 20 | Zustimmung 1 18 | Zustimmung 2 19";
+    for (const Int32 user : {kAnna, kBoris, kClara}) {
+        EXPECT_EQ(Refusal([&] { process->Zustimmen(user, "noch einmal"); }), "") << user;
+        EXPECT_EQ(Refusal([&] { process->Ablehnen(user, ""); }),
+                  "User " + std::to_string(user) + " may not decide: training need 12 is approved already.");
+    }
+    EXPECT_EQ(Refusal([&] { process->Zustimmen(kNobody, ""); }), "User 20 may not decide on training need 12 at any stage.");
+    EXPECT_EQ(Steps(*session_, kNeeds, 12), steps);
+    EXPECT_EQ(process->ProzessStatus(), ProcessStatus::kApproved);
+
+    Execute(*session_, "DELETE FROM Sem_ProzessRecht_IT WHERE ModulNr = 7 AND UserID = 18");
+    EXPECT_EQ(Refusal([&] { process->Zustimmen(kBoris, ""); }), "User 18 may not decide on training need 12 at any stage.")
+        << "the rights on the wait-list are others";
 }
 
 TEST_F(ProcessRights, ToStartHasEverybody) {
@@ -305,6 +329,69 @@ TEST_F(ProcessSteps, OfAKeyThatIsGivenOutAgainAreNotThoseOfItsNewOwner) {
     EXPECT_EQ(other_person->ProzessStatus(), ProcessStatus::kRejected);
     EXPECT_EQ(Rows(*session_, "SELECT SchrittNr, Art, Stufe, PersonID FROM Sem_ProzessSchritt_IT ORDER BY SchrittNr"),
               "1 Start 1 - | 2 Zustimmung 1 300 | 3 Start 2 301 | 4 Ablehnung 2 301");
+}
+
+class ProcessOfAPerson : public ProcessTest {
+  protected:
+    ProcessOfAPerson() {
+        Execute(*session_, "INSERT INTO AN_WBBedarf_IT (WBID, MDNr, ANNr) VALUES (12, 1, 300), (13, 1, NULL)");
+        Execute(*session_, "INSERT INTO Sem_Warteliste_IT (SemWarteListeID, ModID, MDNr, TNID) VALUES (50, 2, 1, 300)");
+    }
+    Text Persons() {
+        return Rows(*session_, "SELECT SchrittNr, Art, Stufe, MDNr, PersonID FROM Sem_ProzessSchritt_IT ORDER BY SchrittNr");
+    }
+};
+
+TEST_F(ProcessOfAPerson, KeepsItFromTheStartOn) {
+    Start(kNeeds, 12);
+    Start(kWaitList, 50);
+    EXPECT_EQ(Persons(), "1 Start 1 1 300 | 1 Start 1 1 300");
+    Execute(*session_, "DELETE FROM Sem_ProzessSchritt_IT");
+    Start(kNeeds, 13);
+    Start(kWaitList, 51);
+    EXPECT_EQ(Persons(), "1 Start 1 1 - | 1 Start 1 - -") << "a row without an employee, and no row";
+}
+
+TEST_F(ProcessOfAPerson, IsNotThatOfAnotherWhoGotTheSameKey) {
+    for (const Int32 module : {kNeeds, kWaitList}) {
+        const Int32 key = module == kNeeds ? 12 : 50;
+        SCOPED_TRACE(module);
+        Execute(*session_, "DELETE FROM Sem_ProzessSchritt_IT");
+        Start(module, key);
+        const auto other_person = Bound(module, key, 1, 301);
+        const auto other_client = Bound(module, key, 2, 300);
+        EXPECT_EQ(other_person->ProzessStatusText(), "Kein Vorgang");
+        EXPECT_EQ(other_client->ProzessStatusText(), "Kein Vorgang");
+        EXPECT_EQ(other_person->BenutzerHatRechte(kBoris), false) << "without a process the last stage decides";
+        EXPECT_EQ(Bound(module, key, 1, 300)->ProzessStatusText(), kStage1);
+        EXPECT_EQ(Bound(module, key, 0, 0)->ProzessStatusText(), kStage1);
+
+        other_person->Zustimmen(kClara, "");
+        EXPECT_EQ(Persons(), "1 Start 1 1 300 | 2 Start 2 1 301 | 3 Zustimmung 2 1 301");
+        EXPECT_EQ(Bound(module, key, 1, 300)->ProzessStatusText(), "Kein Vorgang");
+    }
+}
+
+TEST_F(ProcessOfAPerson, StaysItsOwnWhenADeciderDoesNotNameIt) {
+    Start(kWaitList, 50);
+    Bound(kWaitList, 50, 0, 0)->Zustimmen(kAnna, "");
+    EXPECT_EQ(Persons(), "1 Start 1 1 300 | 2 Zustimmung 1 1 300");
+    EXPECT_EQ(Bound(kWaitList, 50, 1, 301)->ProzessStatusText(), "Kein Vorgang");
+}
+
+TEST_F(ProcessOfAPerson, IsAnybodysWhereItsStartNamesNobody) {
+    Execute(*session_,
+            "INSERT INTO Sem_ProzessSchritt_IT (ModulNr, SchluesselID, SchrittNr, Art, Stufe, UserID, Zeitpunkt, Status, "
+            "NaechsteStufe) VALUES (8, 50, 1, N'Start', 1, 17, GetDate(), 1, 1)");
+    EXPECT_EQ(Bound(kWaitList, 50, 1, 301)->ProzessStatusText(), kStage1);
+}
+
+TEST(ProcessesAlone, NeedNoTablesOfTheLibrary) {
+    const auto session = test_support::EmptyDatabase();
+    test_support::RunSchemaFile(*session, "process.sql");
+    GrantAll(*session);
+    MakeProcessStarter({.session = session})->Starten(kNeeds, 12, kAnna);
+    EXPECT_EQ(Steps(*session, kNeeds, 12), "Start 1 17");
 }
 
 class ProcessWithoutASubject : public ProcessTest {};

@@ -99,6 +99,7 @@ class Stages {
 void SubjectProcess::Start(Int32 user) {
     if (subject_.key == 0) return;
     const Step start = StartAt(Stages(*session_, subject_.module).First(), user);
+    FindPerson();
     while (!Append(Read(), {start})) {
     }
 }
@@ -112,9 +113,18 @@ void SubjectProcess::Drop() {
 void SubjectProcess::Decide(bool approve, Int32 user, const Text& remark) {
     if (subject_.key == 0) RefuseDecision(user, " has nothing to decide on: there is no " + NameOf(subject_) + ".");
     const Position last = Read();
-    if (last.state != State::kNone && last.state != State::kRunning) {
-        const char* outcome = last.state == State::kApproved ? " is approved already." : " is rejected already.";
-        RefuseDecision(user, " may not decide: " + NameOf(subject_) + outcome);
+    if (last.state == State::kApproved || last.state == State::kRejected) {
+        if (approve != (last.state == State::kApproved)) {
+            const char* outcome = approve ? " is rejected already." : " is approved already.";
+            RefuseDecision(user, " may not decide: " + NameOf(subject_) + outcome);
+        }
+        // What was to follow from the decision may have failed: whoever decides in such processes can go on with it.
+        if (!HasRight(user)) RefuseDecision(user, " may not decide on " + NameOf(subject_) + " at any stage.");
+        return;
+    }
+    if (last.state == State::kRunning && subject_.person == 0) {
+        subject_.client = last.client;
+        subject_.person = last.person;
     }
 
     const Stages stages(*session_, subject_.module);
@@ -168,18 +178,34 @@ SubjectProcess::Position SubjectProcess::Read() {
         Select(*session_, "SELECT TOP 1 SchrittNr, Status, NaechsteStufe, MDNr, PersonID FROM Sem_ProzessSchritt_IT" +
                               WhereSubject(subject_) + " ORDER BY SchrittNr DESC");
     if (rows->Eof()) return {};
-    Position last{NumberAt(*rows, 0), State{NumberAt(*rows, 1)}, NumberAt(*rows, 2)};
-    const Int32 client = NumberAt(*rows, 3);
-    const Int32 person = NumberAt(*rows, 4);
-    const bool of_another = person != 0 && subject_.person != 0 && (person != subject_.person || client != subject_.client);
+    Position last{NumberAt(*rows, 0), State{NumberAt(*rows, 1)}, NumberAt(*rows, 2), NumberAt(*rows, 3), NumberAt(*rows, 4)};
+    const bool of_another =
+        last.person != 0 && subject_.person != 0 && (last.person != subject_.person || last.client != subject_.client);
     if (last.state == State::kDropped || of_another) last.state = State::kNone;
     return last;
 }
 
-bool SubjectProcess::HasRight(Int32 user, Int32 stage) {
-    return !Select(*session_, "SELECT UserID FROM Sem_ProzessRecht_IT WHERE ModulNr = " + std::to_string(subject_.module) +
-                                  " AND Stufe = " + std::to_string(stage) + " AND UserID = " + std::to_string(user))
+bool SubjectProcess::HasRight(Int32 user, std::optional<Int32> stage) {
+    return !Select(*session_,
+                   "SELECT UserID FROM Sem_ProzessRecht_IT WHERE ModulNr = " + std::to_string(subject_.module) +
+                       (stage ? " AND Stufe = " + std::to_string(*stage) : "") + " AND UserID = " + std::to_string(user))
                 ->Eof();
+}
+
+void SubjectProcess::FindPerson() {
+    const Text key = std::to_string(subject_.key);
+    Text sql;
+    if (subject_.module == ProcessSubject::kTrainingNeeds) {
+        sql = "SELECT MDNr, ANNr FROM AN_WBBedarf_IT WHERE WBID = " + key;
+    } else if (subject_.module == ProcessSubject::kWaitList) {
+        sql = "SELECT MDNr, TNID FROM Sem_Warteliste_IT WHERE SemWarteListeID = " + key;
+    }
+    // A database that has the tables of the processes alone tells nobody.
+    if (sql.empty() || !session_->OpenSelect(sql)) return;
+    const auto rows = session_->Recordset();
+    if (rows->Eof()) return;
+    subject_.client = NumberAt(*rows, 0);
+    subject_.person = NumberAt(*rows, 1);
 }
 
 SubjectProcess::Step SubjectProcess::StartAt(Int32 stage, Int32 user) {

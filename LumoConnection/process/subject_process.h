@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -45,6 +46,9 @@ class SubjectProcess {
         Int32 step = 0;
         State state = State::kNone;
         Int32 stage = 0;
+        // whom the last step names; 0 for nobody
+        Int32 client = 0;
+        Int32 person = 0;
     };
     struct Step {
         Text kind = {};
@@ -58,7 +62,10 @@ class SubjectProcess {
 
     Position Read();
     void Decide(bool approve, Int32 user, const Text& remark);
-    bool HasRight(Int32 user, Int32 stage);
+    /// At that stage, otherwise at any of the module.
+    bool HasRight(Int32 user, std::optional<Int32> stage = {});
+    /// Takes client and person of the subject from its own row; leaves them where there is none.
+    void FindPerson();
     static Step StartAt(Int32 stage, Int32 user);
     /// All steps in one statement. False where somebody else has taken the number of the first one; then nothing was
     /// written.
