@@ -17,6 +17,11 @@ bool OdbcAvailable() {
 
 Ref<DataSession> MakeSessionFor(std::string_view connection_text) {
     if (AsksForEmbedded(connection_text)) return MakeEmbeddedSession();
+    if (const Text provider = UnknownProvider(connection_text); !provider.empty()) {
+        Raise(ErrorNumber::kComponentNotCreated,
+              "There is no component for the provider " + OneLine(provider) +
+                  " of this connection text. Known are Provider=Embedded, and Driver=... or DSN=... for a server behind ODBC.");
+    }
 #ifdef LUMOSEMINAR_WITH_ODBC
     return MakeOdbcSession();
 #else

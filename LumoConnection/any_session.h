@@ -11,7 +11,8 @@ namespace LumoConnection {
 /// Whether this build has the session on ODBC.
 bool OdbcAvailable();
 
-/// A session of the kind that the text asks for, not connected yet. Raises 429 for an ODBC text in a build without ODBC.
+/// A session of the kind that the text asks for, not connected yet. Raises 429 for an ODBC text in a build without
+/// ODBC, and for a Provider that is not known, which the description names.
 Ref<DataSession> MakeSessionFor(std::string_view connection_text);
 
 /// A session that becomes the one its connection text asks for when Connect is called, each time anew. A connection

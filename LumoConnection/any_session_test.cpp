@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include <LumoConnection/install.h>
 #include <LumoSeminar/frame/components.h>
 #include <test_support/processes.h>
@@ -58,6 +60,36 @@ TEST(AnySession, OtherTextsAreForOdbc) {
     EXPECT_EQ(session->LastErrorText(), reason);
     EXPECT_EQ(session->LastErrorNumber(), 0);
     EXPECT_TRUE(MakeSessionFor(kEmbedded).As<EmbeddedSession>());
+}
+
+TEST(AnySession, AProviderThatNobodyKnowsIsNamed) {
+    const auto session = New<AnySession>();
+    const std::pair<const char*, const char*> kTexts[] = {
+        {"Provider=SQLOLEDB;Server=a;Database=b", "SQLOLEDB"},
+        {"Server=a; provider = Embeded ;Data Source=a.db", "Embeded"},
+        {"PROVIDER=\"Embedded 2\"", "\"Embedded 2\""},
+        {"Password={;DSN=x;};Provider=X", "X"},
+    };
+    for (const auto& named : kTexts) {
+        const char* text = named.first;
+        EXPECT_FALSE(session->Connect(text, "", "", 1)) << text;
+        EXPECT_EQ(session->LastErrorText(), "There is no component for the provider " + OneLine(named.second) +
+                                                " of this connection text. Known are Provider=Embedded, and Driver=... "
+                                                "or DSN=... for a server behind ODBC.");
+        EXPECT_EQ(session->LastErrorNumber(), 429);
+        EXPECT_RAISES(429, MakeSessionFor(text));
+    }
+    EXPECT_TRUE(session->Connect("PROVIDER=eMBEDDED;data source=:memory:", "", "", 1)) << session->LastErrorText();
+}
+
+TEST(AnySession, AProviderBesideADriverIsLeftToOdbc) {
+    if (!OdbcAvailable()) GTEST_SKIP() << "this build has no ODBC";
+    for (const char* text : {"Provider=MSDASQL;Driver={Gibt es nicht}", "provider=x;DSN=gibt es nicht",
+                             "FILEDSN=/gibt/es/nicht.dsn;Provider=x", "Provider=", "Uid=Provider=x;Provider"}) {
+        const auto session = New<AnySession>();
+        EXPECT_FALSE(session->Connect(text, "", "", 1)) << text;
+        EXPECT_TRUE(session->LastErrorText().starts_with("[")) << text << ": " << session->LastErrorText();
+    }
 }
 
 TEST(AnySession, IsWhatTheLibraryAndTheProcessObjectsMake) {

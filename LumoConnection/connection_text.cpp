@@ -94,6 +94,40 @@ bool AsksForEmbedded(std::string_view connection_text) {
     return false;
 }
 
+Text UnknownProvider(std::string_view connection_text) {
+    Text provider;
+    for (std::size_t at = 0; at < connection_text.size();) {
+        const auto end = std::min(connection_text.find_first_of("=;", at), connection_text.size());
+        if (end == connection_text.size() || connection_text[end] == ';') {
+            at = end + 1;
+            continue;
+        }
+        const std::string key = Lower(Trimmed(connection_text.substr(at, end - at)));
+        const auto value_end = ValueEnd(connection_text, end + 1);
+        if (key == "driver" || key == "dsn" || key == "filedsn") return {};
+        if (key == "provider" && provider.empty())
+            provider = Trimmed(connection_text.substr(end + 1, value_end - end - 1));
+        at = value_end + 1;
+    }
+    return Lower(provider) == "embedded" ? Text() : provider;
+}
+
+std::size_t ValueEnd(std::string_view connection_text, std::size_t from) {
+    std::size_t at = connection_text.find_first_not_of(" \t\r\n", from);
+    if (at == std::string_view::npos) return connection_text.size();
+    const char open = connection_text[at];
+    if (open != '{' && open != '"' && open != '\'')
+        return std::min(connection_text.find(';', at), connection_text.size());
+    const char close = open == '{' ? '}' : open;
+    while (true) {
+        at = connection_text.find(close, at + 1);
+        if (at == std::string_view::npos) return connection_text.size();
+        if (at + 1 >= connection_text.size() || connection_text[at + 1] != close) break;
+        ++at;
+    }
+    return std::min(connection_text.find(';', at), connection_text.size());
+}
+
 EmbeddedTarget ReadEmbeddedTarget(std::string_view connection_text) {
     EmbeddedTarget target;
     bool provider = false;
@@ -109,14 +143,21 @@ EmbeddedTarget ReadEmbeddedTarget(std::string_view connection_text) {
             if (value != "full" && value != "normal")
                 RefuseText("Sync is Full or Normal, not " + OneLine(entry.value) + ".");
             target.sync_full = value == "full";
+        } else if (entry.key == "mode") {
+            const std::string value = Lower(entry.value);
+            if (value != "readwrite" && value != "readonly")
+                RefuseText("Mode is ReadWrite or ReadOnly, not " + OneLine(entry.value) + ".");
+            target.read_only = value == "readonly";
         } else if (entry.key == "userid" || entry.key == "uid") {
             target.user = entry.value;
         } else {
-            RefuseText("the key " + OneLine(entry.key) + " is not known. Known are Provider, Data Source, Sync and User ID.");
+            RefuseText("the key " + OneLine(entry.key) + " is not known. Known are Provider, Data Source, Mode, Sync and User ID.");
         }
     }
     if (!provider) RefuseText("it has to say Provider=Embedded.");
     if (target.file.empty()) RefuseText("it has to say Data Source=FILE or Data Source=:memory:.");
+    if (target.read_only && target.file == ":memory:")
+        RefuseText("a database in memory is new and empty, Mode=ReadOnly is for files.");
     if (target.file.find('\0') != std::string::npos) RefuseText("the file name holds a NUL character.");
     return target;
 }

@@ -32,10 +32,12 @@ void NoteChanges(Statement& statement, std::set<std::string>& tables) {
 }  // namespace
 
 Database::Database(Options options)
-    : options_(std::move(options)), connection_(options_.file, options_.sync_full, options_.timeout_seconds) {
+    : options_(std::move(options)),
+      connection_(options_.file, options_.sync_full, options_.timeout_seconds,
+                  options_.read_only ? SqliteConnection::Access::kReadOnly : SqliteConnection::Access::kReadWrite) {
     Prepare();
     connection_.TidyUpAtEnd();
-    begin_ = connection_.Prepare("BEGIN IMMEDIATE");
+    begin_ = connection_.Prepare(options_.read_only ? "BEGIN" : "BEGIN IMMEDIATE");
     commit_ = connection_.Prepare("COMMIT");
     version_ = connection_.Prepare("PRAGMA schema_version");
     Load();
@@ -64,6 +66,10 @@ void Database::Prepare() {
     for (int pauses = 0;; ++pauses) {
         try {
             if (IsOurs()) return;
+            if (options_.read_only) {
+                Refuse(Refused::kCannotOpen,
+                       "The file '" + options_.file + "' is empty: with Mode=ReadOnly no database is made of it.");
+            }
             if (!InMemory()) connection_.Run("PRAGMA journal_mode = WAL");
             connection_.Run("BEGIN IMMEDIATE");
             // Another process may have been quicker.

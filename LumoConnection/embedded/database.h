@@ -39,9 +39,11 @@ class Database {
         std::string user;
         bool sync_full = true;
         int timeout_seconds = 30;
+        bool read_only = false;
     };
 
-    /// Opens the file and creates it where there is none. Refuses what is no database of this kind.
+    /// Opens the file and creates it where there is none, unless it is to be read only. Refuses what is no database of
+    /// this kind.
     explicit Database(Options options);
 
     /// Runs a text as one batch. What goes wrong is in the outcome.

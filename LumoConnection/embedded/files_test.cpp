@@ -14,6 +14,7 @@
 #include <LumoConnection/embedded/session.h>
 #include <LumoConnection/embedded/sqlite.h>
 #include <test_support/processes.h>
+#include <test_support/raises.h>
 
 namespace LumoConnection {
 namespace {
@@ -218,6 +219,82 @@ TEST(EmbeddedFiles, AReadOnlyFileIsReadAndNotWritten) {
                             }),
               "");
     EXPECT_TRUE(Bytes(file) == before);
+}
+
+std::string ReadOnlyText(const std::string& file) {
+    return "Provider=Embedded;mode=readonly;Data Source=\"" + file + "\"";
+}
+
+TEST(EmbeddedFiles, ModeReadOnlyReadsAndRefusesEachChange) {
+    const Folder folder;
+    const std::string file = folder.File("a.db");
+    {
+        EmbeddedSession session;
+        ASSERT_TRUE(Connect(session, file));
+        ASSERT_TRUE(session.ExecuteSql("CREATE TABLE T (a int) CREATE INDEX I ON T (a) INSERT INTO T VALUES (7)"));
+    }
+    const std::string before = Bytes(file);
+    {
+        EmbeddedSession session;
+        EmbeddedSession second;
+        ASSERT_TRUE(session.Connect(ReadOnlyText(file), "", "", 1)) << session.LastErrorText();
+        ASSERT_TRUE(second.Connect(ReadOnlyText(file), "", "", 1)) << second.LastErrorText();
+        for (const char* sql :
+             {"INSERT INTO T VALUES (8)", "UPDATE T SET a = 8", "UPDATE T SET a = 8 WHERE a = 9", "DELETE FROM T",
+              "CREATE TABLE U (a int)", "ALTER TABLE T ADD b int NULL", "CREATE INDEX J ON T (a)", "DROP INDEX I ON T",
+              "DROP TABLE T", "BEGIN TRANSACTION UPDATE T SET a = 8", "ROLLBACK DELETE FROM T"}) {
+            EXPECT_FALSE(session.ExecuteSql(sql)) << sql;
+            EXPECT_EQ(session.LastErrorNumber(), 3906) << sql;
+            EXPECT_EQ(session.LastErrorText(), "Failed to update the database because it was opened with Mode=ReadOnly.");
+        }
+        EXPECT_RAISES(3906, session.AdoConnection()->Execute("DELETE FROM T"));
+        EXPECT_TRUE(session.ExecuteSql("BEGIN TRANSACTION DECLARE @a int SET @a = 1"));
+        EXPECT_EQ(session.LookupValue("a", "T", ""), Variant(7));
+        EXPECT_TRUE(session.ExecuteSql("COMMIT"));
+        EXPECT_EQ(second.LookupValue("a", "T", ""), Variant(7));
+        EXPECT_EQ(session.Tables().size(), 1u);
+    }
+    EXPECT_TRUE(Bytes(file) == before);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 1) << "nothing is left beside it";
+}
+
+TEST(EmbeddedFiles, ModeReadOnlySeesWhatAnotherSessionWrites) {
+    const Folder folder;
+    const std::string file = folder.File("a.db");
+    EmbeddedSession writer;
+    ASSERT_TRUE(Connect(writer, file));
+    ASSERT_TRUE(writer.ExecuteSql("CREATE TABLE T (a int)"));
+    EmbeddedSession reader;
+    ASSERT_TRUE(reader.Connect(ReadOnlyText(file), "", "", 1)) << reader.LastErrorText();
+    EXPECT_EQ(reader.LookupValue("max(a)", "T", ""), Variant::Null());
+    ASSERT_TRUE(writer.ExecuteSql("INSERT INTO T VALUES (7) CREATE TABLE U (b int)"));
+    EXPECT_EQ(reader.LookupValue("max(a)", "T", ""), Variant(7));
+    EXPECT_EQ(reader.Tables().size(), 2u);
+    ASSERT_TRUE(reader.ExecuteSql("BEGIN TRANSACTION"));
+    EXPECT_EQ(reader.LookupValue("max(a)", "T", ""), Variant(7));
+    ASSERT_TRUE(writer.ExecuteSql("INSERT INTO T VALUES (8)")) << "an open reader stops nobody";
+    EXPECT_EQ(reader.LookupValue("max(a)", "T", ""), Variant(7)) << "one view for one transaction";
+    ASSERT_TRUE(reader.ExecuteSql("COMMIT"));
+    EXPECT_EQ(reader.LookupValue("max(a)", "T", ""), Variant(8));
+}
+
+TEST(EmbeddedFiles, ModeReadOnlyMakesNothing) {
+    const Folder folder;
+    const std::string missing = folder.File("missing.db");
+    EmbeddedSession session;
+    EXPECT_FALSE(session.Connect(ReadOnlyText(missing), "", "", 1));
+    EXPECT_EQ(session.LastErrorText(), "The database file '" + missing + "' cannot be opened: No such file or directory.");
+    EXPECT_FALSE(std::filesystem::exists(missing));
+    const std::string empty = folder.File("empty.db");
+    WriteBytes(empty, "");
+    EXPECT_FALSE(session.Connect(ReadOnlyText(empty), "", "", 1));
+    EXPECT_EQ(session.LastErrorText(), "The file '" + empty + "' is empty: with Mode=ReadOnly no database is made of it.");
+    EXPECT_EQ(Bytes(empty), "");
+    EXPECT_FALSE(session.Connect("Provider=Embedded;Mode=ReadOnly;Data Source=:memory:", "", "", 1));
+    EXPECT_NE(session.LastErrorText().find("Mode=ReadOnly is for files"), Text::npos) << session.LastErrorText();
+    EXPECT_FALSE(session.Connect("Provider=Embedded;Mode=Read;Data Source=a.db", "", "", 1));
+    EXPECT_EQ(session.LastErrorText(), "The connection text cannot be used: Mode is ReadWrite or ReadOnly, not \"Read\".");
+    EXPECT_TRUE(session.Connect("Provider=Embedded;Mode=ReadWrite;Data Source=:memory:", "", "", 1));
 }
 
 TEST(EmbeddedFiles, AFileThatMayNotBeReadIsRefused) {

@@ -250,6 +250,13 @@ void Runner::StartOver() {
     stopped_ = true;
 }
 
+bool Runner::BeginWrite(bool in_memory_too) {
+    if (database_.options_.read_only) {
+        Refuse(Refused::kReadOnly, "Failed to update the database because it was opened with Mode=ReadOnly.");
+    }
+    return Begin(in_memory_too);
+}
+
 bool Runner::Begin(bool in_memory_too) {
     if (database_.transactions_ > 0 || database_.connection_.InTransaction()) return true;
     if (database_.InMemory() && !in_memory_too) return true;
@@ -276,7 +283,7 @@ std::int64_t Runner::Execute(CompiledStatement& compiled) {
 }
 
 void Runner::RunInsert(Statement& statement, const InsertStatement& insert) {
-    if (!Begin(false)) return;
+    if (!BeginWrite(false)) return;
     try {
         database_.row_count_ = outcome_.affected = Execute(*statement.compiled.front());
     } catch (const ConstraintFailure& failure) {
@@ -286,7 +293,7 @@ void Runner::RunInsert(Statement& statement, const InsertStatement& insert) {
 }
 
 void Runner::RunUpdate(Statement& statement, const UpdateStatement& update) {
-    if (!Begin(false)) return;
+    if (!BeginWrite(false)) return;
     try {
         database_.row_count_ = outcome_.affected = Execute(*statement.compiled.front());
     } catch (const ConstraintFailure& failure) {
@@ -296,7 +303,7 @@ void Runner::RunUpdate(Statement& statement, const UpdateStatement& update) {
 }
 
 void Runner::RunDelete(Statement& statement, const DeleteStatement& erase) {
-    if (!Begin(false)) return;
+    if (!BeginWrite(false)) return;
     try {
         database_.row_count_ = outcome_.affected = Execute(*statement.compiled.front());
     } catch (const ConstraintFailure& failure) {

@@ -46,6 +46,8 @@ class Runner {
     std::int64_t Execute(CompiledStatement& compiled);
     /// Opens a transaction where the text has not opened one. False where the tables have changed meanwhile.
     bool Begin(bool in_memory_too);
+    /// The same for a change. Refuses it where the file was opened to be read only.
+    bool BeginWrite(bool in_memory_too);
     void Commit();
     void StartOver();
 

@@ -54,7 +54,7 @@ void RefuseMoreThanTheRow(const Expression& expression) {
 }  // namespace
 
 void Runner::RunCreateTable(const CreateTableStatement& create) {
-    if (!Begin(true)) return;
+    if (!BeginWrite(true)) return;
     Savepoint savepoint(database_.connection_);
     std::unique_ptr<Table> table = database_.catalog_.Define(create);
     std::vector<std::uint32_t> fixed;
@@ -86,7 +86,7 @@ std::string Runner::WorkOut(const std::string& expression, Type type) {
 }
 
 void Runner::RunAlter(const AlterTableStatement& alter) {
-    if (!Begin(true)) return;
+    if (!BeginWrite(true)) return;
     Savepoint savepoint(database_.connection_);
     if (!alter.added.foreign_keys.empty()) RefuseNotCovered("A foreign key added to a table that is there");
     if (!alter.added.checks.empty()) RefuseNotCovered("A CHECK added to a table that is there");
@@ -122,7 +122,7 @@ void Runner::RunAlter(const AlterTableStatement& alter) {
 }
 
 void Runner::RunCreateIndex(const CreateIndexStatement& create) {
-    if (!Begin(true)) return;
+    if (!BeginWrite(true)) return;
     Savepoint savepoint(database_.connection_);
     std::unique_ptr<Table> table = database_.catalog_.Define(create);
     try {
@@ -138,7 +138,7 @@ void Runner::RunCreateIndex(const CreateIndexStatement& create) {
 
 void Runner::RunDropTable(const DropTableStatement& drop) {
     for (const std::string& name : drop.tables) {
-        if (!Begin(true)) return;
+        if (!BeginWrite(true)) return;
         Savepoint savepoint(database_.connection_);
         const Table* table = database_.catalog_.Find(name);
         if (!table) {
@@ -164,7 +164,7 @@ void Runner::RunDropTable(const DropTableStatement& drop) {
 }
 
 void Runner::RunDropIndex(const DropIndexStatement& drop) {
-    if (!Begin(true)) return;
+    if (!BeginWrite(true)) return;
     Savepoint savepoint(database_.connection_);
     const Table* known = database_.catalog_.Find(drop.table);
     const auto refuse = [&] {

@@ -143,6 +143,7 @@ class EmbeddedSession::State : public Object {
             Embedded::Database::Options options;
             options.file = std::move(target.file);
             options.sync_full = target.sync_full;
+            options.read_only = target.read_only;
             options.user = !user_name.empty() ? user_name : !target.user.empty() ? target.user : SystemUser();
             options.timeout_seconds = seconds > 0 ? seconds : kDefaultTimeout;
             connection_text = text;

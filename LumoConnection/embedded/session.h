@@ -40,7 +40,8 @@ class EmbeddedSession final : public DataSession {
     ~EmbeddedSession() override;
 
     /// "Provider=Embedded;Data Source=FILE" or ":memory:", also "Sync=Normal" for writes that survive the end of the
-    /// process but not of power. The file is created where there is none. The user is what SYSTEM_USER gives; empty:
+    /// process but not of power. The file is created where there is none. With "Mode=ReadOnly" it is not: a missing or
+    /// empty file is refused, and so is each change, with the number 3906. The user is what SYSTEM_USER gives; empty:
     /// that of the operating system. The password is not looked at: whoever may open the file may use it.
     /// @param timeout seconds that a write waits for other sessions; 0 or less: 30
     Bool Connect(const Text& connection_text, const Text& user, const Text& password, Int32 timeout) override;

@@ -22,11 +22,11 @@ std::string OneLineOf(std::string text) {
 }
 
 // Why a file could not be opened: what the operating system said, if it was asked.
-std::string WhyNotOpened(sqlite3* database, const std::string& file) {
+std::string WhyNotOpened(sqlite3* database, const std::string& file, bool read_only) {
     const sqlite3_vfs* system = sqlite3_vfs_find(nullptr);
     if (system && file.size() + 1 > static_cast<std::size_t>(system->mxPathname)) return "The path is too long";
     int error = sqlite3_system_errno(database);
-    if (error == ENOENT) {
+    if (error == ENOENT && !read_only) {
         // SQLite's last attempt was to read a file that it could not create.
         const auto slash = file.rfind('/');
         const std::string folder = slash == std::string::npos ? "." : file.substr(0, slash + 1);
@@ -96,17 +96,21 @@ bool SqliteStatement::Step(SqliteConnection& connection) {
     }
 }
 
-SqliteConnection::SqliteConnection(const std::string& file, bool sync_full, int timeout_seconds) {
+SqliteConnection::SqliteConnection(const std::string& file, bool sync_full, int timeout_seconds, Access access) {
     // SQLite takes a name that begins so for an address with options.
     const std::string name = file.starts_with("file:") ? "./" + file : file;
+    // A reader, too, shares the files that lie beside the database while it is in use, and takes them away as the last
+    // one; so it is the statements that must not write.
+    const bool read_only = access == Access::kReadOnly;
     const int code = sqlite3_open_v2(
         name.c_str(), &database_,
-        SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_PRIVATECACHE, nullptr);
+        SQLITE_OPEN_READWRITE | (read_only ? 0 : SQLITE_OPEN_CREATE) | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_PRIVATECACHE,
+        nullptr);
     if (code != SQLITE_OK) {
         const std::unique_ptr<sqlite3, int (*)(sqlite3*)> closer(database_, sqlite3_close);
         if (code == SQLITE_NOMEM || !database_) throw std::bad_alloc();
         Refuse(Refused::kCannotOpen,
-               "The database file '" + file + "' cannot be opened: " + WhyNotOpened(database_, name) + ".");
+               "The database file '" + file + "' cannot be opened: " + WhyNotOpened(database_, name, read_only) + ".");
     }
     try {
         sqlite3_extended_result_codes(database_, 1);
@@ -121,6 +125,7 @@ SqliteConnection::SqliteConnection(const std::string& file, bool sync_full, int 
         rollback_ = Prepare("ROLLBACK");
         Run("PRAGMA foreign_keys = ON");
         Run("PRAGMA trusted_schema = ON");
+        if (read_only) Run("PRAGMA query_only = ON");
         Run(sync_full ? "PRAGMA synchronous = FULL" : "PRAGMA synchronous = NORMAL");
     } catch (...) {
         // It is gone as soon as the statement is, too.

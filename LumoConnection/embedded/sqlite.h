@@ -49,8 +49,10 @@ class SqliteStatement {
 /// An open file, or a database in memory. Everything that goes wrong is refused.
 class SqliteConnection {
   public:
+    enum class Access { kReadWrite, kReadOnly };
+
     /// @param file ":memory:" for one in memory
-    SqliteConnection(const std::string& file, bool sync_full, int timeout_seconds);
+    SqliteConnection(const std::string& file, bool sync_full, int timeout_seconds, Access access = Access::kReadWrite);
     ~SqliteConnection();
     SqliteConnection(const SqliteConnection&) = delete;
     SqliteConnection& operator=(const SqliteConnection&) = delete;

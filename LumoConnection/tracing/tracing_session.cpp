@@ -5,6 +5,7 @@
 #include <utility>
 
 #include <LumoConnection/ascii.h>
+#include <LumoConnection/connection_text.h>
 #include <LumoConnection/stored_rows.h>
 
 namespace LumoConnection {
@@ -18,22 +19,6 @@ std::string_view Trimmed(std::string_view text) {
 }
 
 bool IsPasswordKey(std::string_view key) { return SameWithoutCase(key, "pwd") || SameWithoutCase(key, "password"); }
-
-// End of a value in a connection text: the next semicolon outside of quotes and braces.
-std::size_t ValueEnd(std::string_view text, std::size_t from) {
-    std::size_t at = text.find_first_not_of(" \t\r\n", from);
-    if (at == text.npos) return text.size();
-    const char open = text[at];
-    if (open != '{' && open != '"' && open != '\'') return std::min(text.find(';', at), text.size());
-    const char close = open == '{' ? '}' : open;
-    while (true) {
-        at = text.find(close, at + 1);
-        if (at == text.npos) return text.size();
-        if (at + 1 >= text.size() || text[at + 1] != close) break;
-        ++at;
-    }
-    return std::min(text.find(';', at), text.size());
-}
 
 Text WithoutPasswords(std::string_view text) {
     Text shown;
