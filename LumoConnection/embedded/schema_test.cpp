@@ -7,6 +7,8 @@
 #include <map>
 #include <vector>
 
+#include <LumoConnection/tables/create_tables.h>
+#include <LumoConnection/tables/sample_year.h>
 #include <test_support/embedded.h>
 
 // The files of the schema folder: the tables that are there, and a sample company that one can believe.
@@ -202,12 +204,6 @@ constexpr Rule kRules[] = {
      "Sem_BudgetJahr_IT AS b WHERE b.Von <= t.EndeDatum AND b.Bis >= t.EndeDatum)"},
 };
 
-// "" where the rule holds.
-Text Broken(DataSession& session, const Rule& rule) {
-    const Int32 rows = Number(session, rule.broken);
-    return rows == 0 ? "" : std::to_string(rows) + " rows break: " + rule.name;
-}
-
 // What the days of a date are generated from.
 struct Series {
     Int32 rhythm = 1;
@@ -240,7 +236,7 @@ std::vector<local_days> Generated(local_days first, Int32 meetings, const Series
 
 class Sample : public testing::Test {
   protected:
-    Sample() : session_(test_support::SampleDatabase()) {}
+    explicit Sample(Ref<AnySession> session = test_support::SampleDatabase()) : session_(std::move(session)) {}
 
     Variant At(RecordSet& rows, const char* name) { return rows.Fields().Item(name).Value(); }
     Int32 Int(RecordSet& rows, const char* name, Int32 at_null = 0) {
@@ -251,12 +247,56 @@ class Sample : public testing::Test {
         EXPECT_TRUE(session_->OpenSelect(sql)) << session_->LastErrorText();
         return session_->Recordset();
     }
-    Text AllBroken() {
+    /// Of the sample that tells of this year and the next one.
+    Text AllBroken(int first_year = kSampleYear) {
+        const SampleMove move(first_year);
         Text broken;
         for (const Rule& rule : kRules) {
-            if (const Text text = Broken(*session_, rule); !text.empty()) broken += text + "\n";
+            const Int32 rows = Number(*session_, move.Moved(rule.broken));
+            if (rows != 0) broken += std::to_string(rows) + " rows break: " + rule.name + "\n";
         }
         return broken;
+    }
+    void ExpectDaysOfTheSeries() {
+        std::map<Int32, Series> series = {{0, {}}};
+        for (auto rows = Rows("SELECT * FROM Sem_Serien_IT"); !rows->Eof(); rows->MoveNext()) {
+            Series& rule = series[Int(*rows, "SerienID")];
+            rule.rhythm = Int(*rows, "Tagefolge", 1);
+            rule.daily = Int(*rows, "taeglich", 1);
+            rule.weeks = Int(*rows, "Woche");
+            std::size_t i = 0;
+            for (const char* name : {"Mo", "Di", "Mi", "Do", "Fr", "Sa", "So"})
+                rule.weekdays.at(i++) = Int(*rows, name) == -1;
+        }
+        std::map<Int32, std::vector<local_days>> found;
+        for (auto rows = Rows("SELECT SemTerminID, Termin FROM Sem_Termin_Termine_IT ORDER BY Termin"); !rows->Eof();
+             rows->MoveNext()) {
+            found[Int(*rows, "SemTerminID")].push_back(To<DateTime>(At(*rows, "Termin")).Date());
+        }
+        int dates = 0;
+        for (auto rows = Rows("SELECT * FROM Sem_Termin_IT WHERE NOT BeginnDatum IS NULL"); !rows->Eof();
+             rows->MoveNext(), ++dates) {
+            const Int32 key = Int(*rows, "SemTerminID");
+            const auto first = To<DateTime>(At(*rows, "BeginnDatum")).Date();
+            EXPECT_EQ(found[key], Generated(first, Int(*rows, "Sitzungen"), series.at(Int(*rows, "SerienID"))))
+                << "date " << key;
+        }
+        EXPECT_GE(dates, 70);
+    }
+    void ExpectTimesOfTheSeries() {
+        EXPECT_EQ(Number(*session_,
+                         "SELECT COUNT(*) FROM Sem_Termin_Termine_IT AS d INNER JOIN Sem_Termin_IT AS t ON d.SemTerminID = t.SemTerminID "
+                         "WHERE d.BegUhr <> t.BeginnUhrzeit OR d.EndUhr <> t.EndeUhrzeit OR d.BegUhr IS NULL OR d.EndUhr IS NULL"),
+                  0);
+        EXPECT_EQ(Number(*session_,
+                         "SELECT COUNT(*) FROM Sem_Termin_IT AS t INNER JOIN Sem_Serien_IT AS s ON t.SerienID = s.SerienID "
+                         "WHERE t.BeginnUhrzeit <> s.BeginnUhrzeit OR t.EndeUhrzeit <> s.EndeUhrzeit"),
+                  0);
+        // the hours are spread evenly over the meetings
+        EXPECT_EQ(Number(*session_,
+                         "SELECT COUNT(*) FROM Sem_Termin_IT WHERE NOT BeginnDatum IS NULL AND "
+                         "DATEDIFF(minute, BeginnUhrzeit, EndeUhrzeit) <> ROUND(Stunden / Sitzungen * 60, 0)"),
+                  0);
     }
 
     Ref<AnySession> session_;
@@ -321,46 +361,9 @@ TEST_F(Sample, RulesFindWhatIsWrong) {
     EXPECT_EQ(AllBroken(), "");
 }
 
-TEST_F(Sample, DaysAreThoseThatTheSeriesGives) {
-    std::map<Int32, Series> series = {{0, {}}};
-    for (auto rows = Rows("SELECT * FROM Sem_Serien_IT"); !rows->Eof(); rows->MoveNext()) {
-        Series& rule = series[Int(*rows, "SerienID")];
-        rule.rhythm = Int(*rows, "Tagefolge", 1);
-        rule.daily = Int(*rows, "taeglich", 1);
-        rule.weeks = Int(*rows, "Woche");
-        std::size_t i = 0;
-        for (const char* name : {"Mo", "Di", "Mi", "Do", "Fr", "Sa", "So"})
-            rule.weekdays.at(i++) = Int(*rows, name) == -1;
-    }
-    std::map<Int32, std::vector<local_days>> found;
-    for (auto rows = Rows("SELECT SemTerminID, Termin FROM Sem_Termin_Termine_IT ORDER BY Termin"); !rows->Eof();
-         rows->MoveNext()) {
-        found[Int(*rows, "SemTerminID")].push_back(To<DateTime>(At(*rows, "Termin")).Date());
-    }
-    int dates = 0;
-    for (auto rows = Rows("SELECT * FROM Sem_Termin_IT WHERE NOT BeginnDatum IS NULL"); !rows->Eof(); rows->MoveNext(), ++dates) {
-        const Int32 key = Int(*rows, "SemTerminID");
-        const auto first = To<DateTime>(At(*rows, "BeginnDatum")).Date();
-        EXPECT_EQ(found[key], Generated(first, Int(*rows, "Sitzungen"), series.at(Int(*rows, "SerienID")))) << "date " << key;
-    }
-    EXPECT_GE(dates, 70);
-}
+TEST_F(Sample, DaysAreThoseThatTheSeriesGives) { ExpectDaysOfTheSeries(); }
 
-TEST_F(Sample, TimesOfDaysAreThoseOfTheDateAndItsSeries) {
-    EXPECT_EQ(Number(*session_,
-                     "SELECT COUNT(*) FROM Sem_Termin_Termine_IT AS d INNER JOIN Sem_Termin_IT AS t ON d.SemTerminID = t.SemTerminID "
-                     "WHERE d.BegUhr <> t.BeginnUhrzeit OR d.EndUhr <> t.EndeUhrzeit OR d.BegUhr IS NULL OR d.EndUhr IS NULL"),
-              0);
-    EXPECT_EQ(Number(*session_,
-                     "SELECT COUNT(*) FROM Sem_Termin_IT AS t INNER JOIN Sem_Serien_IT AS s ON t.SerienID = s.SerienID "
-                     "WHERE t.BeginnUhrzeit <> s.BeginnUhrzeit OR t.EndeUhrzeit <> s.EndeUhrzeit"),
-              0);
-    // the hours are spread evenly over the meetings
-    EXPECT_EQ(Number(*session_,
-                     "SELECT COUNT(*) FROM Sem_Termin_IT WHERE NOT BeginnDatum IS NULL AND "
-                     "DATEDIFF(minute, BeginnUhrzeit, EndeUhrzeit) <> ROUND(Stunden / Sitzungen * 60, 0)"),
-              0);
-}
+TEST_F(Sample, TimesOfDaysAreThoseOfTheDateAndItsSeries) { ExpectTimesOfTheSeries(); }
 
 TEST_F(Sample, HasSomethingOfEverything) {
     for (const std::string& table : test_support::TablesOf("schema.sql")) {
@@ -381,6 +384,82 @@ TEST_F(Sample, HasSomethingOfEverything) {
     EXPECT_EQ(Number(*session_, "SELECT COUNT(DISTINCT BedarfErfuellt) FROM AN_WBBedarf_IT"), 3);
     EXPECT_EQ(Number(*session_, "SELECT COUNT(*) FROM sysIData_KostenArten WHERE KostenArten = 'Teilnehmerkosten'"), 1);
 }
+
+Ref<AnySession> SampleOf(int first_year) {
+    auto session = New<AnySession>();
+    EXPECT_TRUE(session->Connect("Provider=Embedded;Data Source=:memory:", "sa", "", 30));
+    EXPECT_TRUE(CreateTables(session, kWithSample, {}, {.schema = LUMO_SOURCE_DIR "/schema", .sample_year = first_year}));
+    return session;
+}
+
+class MovedSample : public Sample, public testing::WithParamInterface<int> {
+  protected:
+    MovedSample() : Sample(SampleOf(GetParam())) {}
+};
+
+// The rows of a select, the columns parted by blanks.
+std::vector<Text> Lines(DataSession& session, const Text& sql) {
+    EXPECT_TRUE(session.OpenSelect(sql)) << session.LastErrorText();
+    std::vector<Text> lines;
+    for (const auto rows = session.Recordset(); !rows->Eof(); rows->MoveNext()) {
+        Text& line = lines.emplace_back();
+        for (Int16 i = 0; i < rows->Fields().Count(); ++i) {
+            const Variant value = rows->Fields().Item(i).Value();
+            line += (value.IsNull() ? "-" : To<Text>(value)) + " ";
+        }
+    }
+    return lines;
+}
+
+TEST_P(MovedSample, HoldsItsRules) {
+    EXPECT_EQ(AllBroken(GetParam()), "");
+    ExpectDaysOfTheSeries();
+    ExpectTimesOfTheSeries();
+}
+
+TEST_P(MovedSample, KeepsEachDateInItsBudgetYear) {
+    // as the library's list of dates puts them
+    constexpr const char* kYears =
+        "SELECT t.SemTerminID, b.JahrID FROM Sem_Termin_IT AS t INNER JOIN Sem_BudgetJahr_IT AS b ON t.EndeDatum < b.Bis "
+        "AND t.EndeDatum > b.Von ORDER BY t.SemTerminID";
+    const auto fixed = SampleOf(kSampleYear);
+    EXPECT_EQ(Lines(*session_, kYears), Lines(*fixed, kYears));
+    EXPECT_THAT(Lines(*session_, "SELECT DAY(Von), MONTH(Von), YEAR(Von) - " + std::to_string(GetParam()) +
+                                     ", DAY(Bis), MONTH(Bis) FROM Sem_BudgetJahr_IT ORDER BY Von"),
+                testing::ElementsAre("1 4 -1 31 3 ", "1 4 0 31 3 ", "1 4 1 31 3 "));
+}
+
+TEST_P(MovedSample, KeepsWeekdaysAndSpans) {
+    const auto fixed = SampleOf(kSampleYear);
+    constexpr const char* kMoments =
+        "SELECT DATEDIFF(day, (SELECT MIN(Termin) FROM Sem_Termin_Termine_IT), t.Termin), BegUhr, EndUhr FROM "
+        "Sem_Termin_Termine_IT AS t ORDER BY SemTerminID, Termin";
+    EXPECT_EQ(Lines(*session_, kMoments), Lines(*fixed, kMoments));
+    const auto first = [](DataSession& session) {
+        return To<DateTime>(session.LookupValue("MIN(Termin)", "Sem_Termin_Termine_IT", "")).Date();
+    };
+    EXPECT_EQ((first(*session_) - first(*fixed)).count() % 7, 0);
+}
+
+TEST_P(MovedSample, NamesItsYearsInCodes) {
+    const auto fixed = SampleOf(kSampleYear);
+    for (const int next : {0, 1, 2}) {
+        const auto dates_of = [&](DataSession& session, int first_year) {
+            const Text year = std::to_string(first_year + next);
+            return Number(session, "SELECT COUNT(*) FROM Sem_Termin_IT WHERE Code LIKE '%/" + year.substr(2) + "-%'");
+        };
+        const auto applicants_of = [&](DataSession& session, int first_year) {
+            const Text year = std::to_string(first_year + next);
+            return Number(session, "SELECT COUNT(*) FROM BW WHERE BWNr LIKE 'B-" + year + "-0%'");
+        };
+        EXPECT_EQ(dates_of(*session_, GetParam()), dates_of(*fixed, kSampleYear));
+        EXPECT_EQ(applicants_of(*session_, GetParam()), applicants_of(*fixed, kSampleYear));
+        EXPECT_GT(dates_of(*fixed, kSampleYear), 1);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Years, MovedSample,
+                         testing::Values(kSampleYear, 2010, 2012, 2017, 2023, 2024, 2025, 2026, 2036, 1990));
 
 }  // namespace
 }  // namespace LumoConnection
