@@ -6,7 +6,9 @@
 #include <vector>
 
 #include <LumoConnection/any_session.h>
+#include <LumoConnection/script/recording_session.h>
 #include <LumoConnection/stored_rows.h>
+#include <LumoConnection/tracing/tracing_session.h>
 #include <test_support/embedded.h>
 #include <test_support/odbc_drivers.h>
 #include <test_support/postgres.h>
@@ -268,6 +270,11 @@ Ref<DataSession> OnServer() {
 // The server of the environment is there for those who have one.
 std::vector<SessionKind> TsqlKinds() {
     std::vector<SessionKind> kinds = {{"Embedded", [] { return Ref<DataSession>(test_support::EmptyDatabase()); }}};
+    // Sessions in front of another one change nothing of it.
+    kinds.push_back({"Recording", [] { return Ref<DataSession>(Script::Record(test_support::EmptyDatabase())); }});
+    kinds.push_back({"Tracing", [] {
+                         return Ref<DataSession>(New<TracingSession>(test_support::EmptyDatabase(), [](const TracedCall&) {}));
+                     }});
     if (!test_support::ServerText().empty()) kinds.push_back({"SqlServer", OnServer});
     return kinds;
 }

@@ -1,7 +1,6 @@
 #include <LumoConnection/script/script_processes.h>
 
-#include <concepts>
-
+#include <LumoConnection/script/process_call.h>
 #include <LumoConnection/script/script_state.h>
 #include <LumoSeminar/frame/variant.h>
 
@@ -10,22 +9,16 @@ namespace {
 
 using SharedState = std::shared_ptr<detail::ScriptState>;
 
-Text ArgumentText(std::integral auto number) { return std::to_string(number); }
-Text ArgumentText(const Text& text) { return "'" + text + "'"; }
-
 // The calls of one object.
 class Recorder {
   public:
     Recorder(SharedState state, const char* object) : state_(std::move(state)), object_(object) {
-        Call(std::string("New ") + object_);
+        Call(detail::NewCall(object_));
     }
 
     template <class... Arguments>
     Variant Record(const char* operation, const Arguments&... arguments) {
-        Text call = Text(object_) + "." + operation;
-        [[maybe_unused]] const char* separator = " ";
-        ((call += separator + ArgumentText(arguments), separator = ", "), ...);
-        return Call(std::move(call));
+        return Call(detail::ProcessCall(object_, operation, arguments...));
     }
 
   private:
@@ -42,7 +35,7 @@ Value ValueOr(const Variant& answer, Value otherwise) {
 
 class ScriptDispatcher final : public InfoDispatcher {
   public:
-    explicit ScriptDispatcher(SharedState state) : calls_(std::move(state), "InfoDispatcher") {}
+    explicit ScriptDispatcher(SharedState state) : calls_(std::move(state), detail::kDispatcherName) {}
 
     void ConnectionString(const Text& value) override { calls_.Record("ConnectionString", value); }
     Variant Verbinden(Int32 kind, const Text& first, const Text& second) override {
@@ -72,7 +65,7 @@ class ScriptDispatcher final : public InfoDispatcher {
 
 class ScriptStarter final : public InfoStarter {
   public:
-    explicit ScriptStarter(SharedState state) : calls_(std::move(state), "InfoStarter") {}
+    explicit ScriptStarter(SharedState state) : calls_(std::move(state), detail::kStarterName) {}
 
     void ConnectionString(const Text& value) override { calls_.Record("ConnectionString", value); }
     Variant Verbinden(Int32 kind, const Text& first, const Text& second) override {
@@ -88,7 +81,7 @@ class ScriptStarter final : public InfoStarter {
 
 class ScriptDefaults final : public SessionDefaults {
   public:
-    explicit ScriptDefaults(SharedState state) : calls_(std::move(state), "SessionDefaults") {}
+    explicit ScriptDefaults(SharedState state) : calls_(std::move(state), detail::kDefaultsName) {}
 
     Text FirstText(Int32 index) override { return ValueOr(calls_.Record("FirstText", index), Text()); }
     Text SecondText(Int32 index) override { return ValueOr(calls_.Record("SecondText", index), Text()); }

@@ -1,7 +1,12 @@
 #include <LumoConnection/script/script_session.h>
 
+#include <LumoConnection/script/recording_session.h>
+#include <LumoConnection/script/rows.h>
+#include <LumoConnection/script/script_code.h>
+#include <LumoConnection/script/script_file.h>
 #include <LumoConnection/script/script_state.h>
 #include <LumoConnection/stored_rows.h>
+#include <LumoConnection/text_file.h>
 
 namespace LumoConnection {
 namespace {
@@ -152,6 +157,8 @@ RowsStep RowsStep::Rows(std::vector<std::string> columns, std::vector<std::vecto
     return *this;
 }
 
+RowsStep RowsStep::RowsOf(const RowTable& table) const { return Rows(table.Columns(), table.Rows()); }
+
 void SelectStep::Refused(Text last_error_text) const { Refuse(*data_, std::move(last_error_text)); }
 
 void StatementStep::Ok() const { data_->outcome = Outcome::kOk; }
@@ -171,7 +178,8 @@ void ConnectionOpenStep::StaysClosed() const { GiveState(*data_, kClosed); }
 
 void ProcessStep::Gives(Variant value) const { GiveValue(*data_, std::move(value)); }
 
-Script::Script() : state_(std::make_shared<ScriptState>()), session_(New<ScriptSession>(state_)) {}
+Script::Script() : Script(std::make_shared<ScriptState>()) {}
+Script::Script(SharedState state) : state_(std::move(state)), session_(New<ScriptSession>(state_)) {}
 Script::~Script() = default;
 Script::Script(Script&&) noexcept = default;
 Script& Script::operator=(Script&&) noexcept = default;
@@ -227,5 +235,11 @@ bool Script::CanFail(int step, FailureMode mode) const {
 void Script::FailAt(int step, FailureMode mode) { state_->FailAt(step, mode); }
 std::vector<std::string> Script::CallsAfterFailure() const { return state_->CallsAfterFailure(); }
 const std::vector<std::string>& Script::UnexpectedAfterFailure() const { return state_->UnexpectedAfterFailure(); }
+
+Ref<RecordingSession> Script::Record(Ref<DataSession> session) { return New<RecordingSession>(std::move(session)); }
+std::string Script::CppText(std::string_view name) const { return detail::CppText(state_->Steps(), name); }
+std::string Script::FileText() const { return detail::FileText(state_->Steps()); }
+Script Script::Read(std::string_view file_text) { return Script(detail::ReadFileText(file_text)); }
+Script Script::ReadFile(const std::filesystem::path& path) { return Read(ReadTextFile(path)); }
 
 }  // namespace LumoConnection

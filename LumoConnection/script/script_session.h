@@ -1,7 +1,9 @@
 #pragma once
 
+#include <filesystem>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <LumoSeminar/frame/data_session.h>
@@ -19,6 +21,14 @@
 ///
 ///     EXPECT_EQ(script.Report(), "");
 ///     EXPECT_TRUE(script.SessionReleased());
+///
+/// A script can also be recorded: the program runs once on a session that writes down what it hears and what the real
+/// one answers.
+///
+///     const auto recording = Script::Record(session);
+///     RunTheProgram(recording);
+///     std::cout << recording->Recorded().CppText();              // the lines of above, for a test
+///     std::ofstream("run.script") << recording->Recorded().FileText();  // or for Script::ReadFile("run.script")
 namespace LumoConnection {
 
 using namespace LumoSeminar;
@@ -37,6 +47,9 @@ namespace detail {
 class ScriptState;
 struct ScriptStepData;
 }  // namespace detail
+
+class RecordingSession;
+class RowTable;
 
 /// How a step fails that Script::FailAt has chosen.
 enum class FailureMode {
@@ -68,6 +81,7 @@ class RowsStep : public ScriptStep {
     /// Rows of values in the order of the columns; an Empty becomes Null. Raises kBadScript for a row of another
     /// length.
     RowsStep Rows(std::vector<std::string> columns, std::vector<std::vector<Variant>> rows = {}) const;
+    RowsStep RowsOf(const RowTable& table) const;
 
   private:
     friend class Script;
@@ -238,7 +252,40 @@ class Script {
     std::vector<std::string> CallsAfterFailure() const;
     const std::vector<std::string>& UnexpectedAfterFailure() const;
 
+    /// A session in front of that one, which records what it is asked and what it is answered.
+    static Ref<RecordingSession> Record(Ref<DataSession> session);
+
+    /// The script as lines of C++ that write it, each ending with a line break. They compile where the names of
+    /// LumoConnection are known, on a Script of that name.
+    std::string CppText(std::string_view name = "script") const;
+
+    /// The script as a file: UTF-8, a line for each step and each row.
+    ///
+    ///     LumoScript 1
+    ///
+    ///     OpenSelect "SELECT SemID, SemTitel, Stunden FROM Sem_Katalog_IT"
+    ///       columns "SemID" "SemTitel" "Stunden"
+    ///       row 1 "Zeichnungen lesen" double:6.5
+    ///       row 2 "Die \"neue\" Norm" null
+    ///     ExecuteSql "DELETE FROM Sem_Katalog_IT WHERE SemID = 1"
+    ///       refused "The row is in use."
+    ///
+    /// Steps are called as the members of this class, with all their arguments; CloseRows names the step of the rows.
+    /// Answers stand below: columns and row, refused, raises NUMBER "text" "source", gives, open, closed, empty. Values
+    /// are null, true, false, 5, int16:5, byte:5, double:6.5, single:6.5, money:12.5000, "text",
+    /// moment:2010-03-02T17:45:09.003 and days:40239.5. In texts stand \" \\ \n \r \t and \xE4 for any other byte.
+    /// Lines that begin with # are remarks.
+    std::string FileText() const;
+
+    /// What FileText() wrote, possibly changed by hand. Raises kBadScript, "Line 7: ...", for what it does not understand.
+    static Script Read(std::string_view file_text);
+    /// Raises 53 where the file cannot be read.
+    static Script ReadFile(const std::filesystem::path& path);
+
   private:
+    friend class RecordingSession;
+    explicit Script(std::shared_ptr<detail::ScriptState> state);
+
     std::shared_ptr<detail::ScriptState> state_;
     Ref<DataSession> session_;
 };

@@ -33,14 +33,12 @@ const KindNames& NamesOf(CallKind kind) {
 
 std::string NameText(CallKind kind) { return std::string(NamesOf(kind).name); }
 
-bool GivesRows(const ScriptStepData& step) {
-    const bool can = step.call.kind == CallKind::kOpenSelect || step.call.kind == CallKind::kConnectionExecute;
-    return can && step.outcome == Outcome::kOk;
-}
-
 std::string StepName(int number) { return "Step " + std::to_string(number); }
 
 }  // namespace
+
+bool CanGiveRows(CallKind kind) { return kind == CallKind::kOpenSelect || kind == CallKind::kConnectionExecute; }
+bool GivesRows(const ScriptStepData& step) { return CanGiveRows(step.call.kind) && step.outcome == Outcome::kOk; }
 
 std::string CallText(const ScriptCall& call) {
     const std::vector<Text>& arguments = call.arguments;

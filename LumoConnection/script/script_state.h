@@ -58,6 +58,10 @@ struct ScriptStepData {
     std::vector<std::vector<Variant>> rows;
 };
 
+/// Whether rows may be given as an answer, and whether the step gives them.
+bool CanGiveRows(CallKind kind);
+bool GivesRows(const ScriptStepData& step);
+
 class ScriptState {
   public:
     ScriptStepData& Append(CallKind kind, std::vector<Text> arguments);
@@ -66,6 +70,7 @@ class ScriptState {
     int LastRowsStep() const;
     const ScriptStepData& Step(int number) const;
     int StepCount() const { return static_cast<int>(steps_.size()); }
+    const std::deque<ScriptStepData>& Steps() const { return steps_; }
     void FailAt(int step, FailureMode mode);
 
     /// Compares a call with the script. Gives the step that answers it, its outcome being that of an injected failure
