@@ -42,28 +42,6 @@ void ScriptDates(Script& script, Int32 seminar, const std::vector<std::vector<Va
     script.OpenSelect(SelectDates(seminar, 5)).Rows(kDateColumns, dates);
 }
 
-TEST(colSeminare, ListsTheKeysInTheOrderOfTheServerWithOneStatement) {
-    Script script;
-    ScriptList(script, 5, {{3}, {1}, {2147483647}, {-1}});
-    colSeminare list;
-    EXPECT_EQ(list.Init(5, script.Session()), true);
-    EXPECT_EQ(list.Count(), 4);
-    std::vector<Text> keys;
-    for (const auto& seminar : list.NewEnum()) keys.push_back(seminar->Key());
-    EXPECT_EQ(keys, (std::vector<Text>{"0000000003", "0000000001", "2147483647", "-0000000001"}));
-    EXPECT_EQ(list.Item(2)->SemID(), 1);
-    EXPECT_EQ(list.Item("0000000003")->SemID(), 3);
-    EXPECT_EQ(script.Report(), "");
-}
-
-TEST(colSeminare, AClientWithoutSeminarsHasAnEmptyList) {
-    Script script;
-    ScriptList(script, 9, {});
-    colSeminare list;
-    EXPECT_EQ(list.Init(9, script.Session()), true);
-    EXPECT_EQ(list.Count(), 0);
-}
-
 TEST(colSeminare, AWalkOverAPropertyCostsOneStatementAnEntry) {
     Script script;
     ScriptList(script, 5, {{1}, {2}});
@@ -75,92 +53,6 @@ TEST(colSeminare, AWalkOverAPropertyCostsOneStatementAnEntry) {
     for (const auto& seminar : list->NewEnum()) titles.push_back(seminar->SemCode());
     EXPECT_EQ(titles, (std::vector<Text>{"Brandschutz für Führungskräfte", "<neues Seminar>", "BS-01", ""}));
     EXPECT_EQ(script.Report(), "");
-}
-
-TEST(colSeminare, AClosedConnectionIsOpenedFirst) {
-    Script script;
-    script.AdoConnection().Closed();
-    script.ConnectionOpen().Ok();
-    script.OpenSelect(SelectKeys(5)).Rows({"SemID"}, {{1}});
-    colSeminare list;
-    EXPECT_EQ(list.Init(5, script.Session()), true);
-    EXPECT_EQ(list.Count(), 1);
-    EXPECT_EQ(script.Report(), "");
-}
-
-TEST(colSeminare, InitIsFalseAndKeepsNothingWhereTheConnectionStaysClosed) {
-    for (const bool empty : {true, false}) {
-        Script script;
-        if (empty) {
-            script.AdoConnection().Empty();
-        } else {
-            script.AdoConnection().Closed();
-            script.ConnectionOpen().StaysClosed();
-        }
-        colSeminare list;
-        EXPECT_EQ(list.Init(5, script.Session()), false);
-        EXPECT_EQ(list.Count(), 0);
-        EXPECT_TRUE(script.SessionReleased());
-        EXPECT_EQ(script.Report(), "");
-    }
-}
-
-TEST(colSeminare, InitIsFalseWithoutAnErrorWhereTheSelectIsRefused) {
-    Script script;
-    script.AdoConnection();
-    script.OpenSelect(SelectKeys(5)).Refused("Invalid object name 'Sem_Katalog_IT'.");
-    colSeminare list;
-    EXPECT_EQ(list.Init(5, script.Session()), false);
-    EXPECT_EQ(list.Count(), 0);
-    EXPECT_EQ(script.LastErrorTextCalls(), 0);
-    EXPECT_EQ(script.Report(), "");
-}
-
-TEST(colSeminare, InitWithAnEmptySessionRaises91WithItsLabel) {
-    colSeminare list;
-    const auto error = RaisedBy([&] { return list.Init(5, nullptr); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 91);
-    EXPECT_EQ(LabelsOf(error), Labels{kLabel + "Init"});
-}
-
-TEST(colSeminare, ASecondInitAddsAndRaisesAtTheFirstKeyThatIsThere) {
-    Script script;
-    ScriptList(script, 5, {{1}, {2}});
-    ScriptList(script, 6, {{3}, {1}, {4}});
-    const auto list = Listed(script.Session(), 5);
-    const auto error = RaisedBy([&] { return list->Init(6, script.Session()); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 457);
-    EXPECT_EQ(LabelsOf(error), (Labels{kLabel + "LoadKeysFromDatabase", kLabel + "Init"}));
-    EXPECT_EQ(list->Count(), 3);
-    EXPECT_EQ(script.Report(), "");
-}
-
-TEST(colSeminare, AKeyThatIsNullRaises) {
-    Script script;
-    ScriptList(script, 5, {{1}, {Variant::Null()}});
-    colSeminare list;
-    const auto error = RaisedBy([&] { return list.Init(5, script.Session()); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 94);
-    EXPECT_EQ(LabelsOf(error), (Labels{kLabel + "LoadKeysFromDatabase", kLabel + "Init"}));
-    EXPECT_EQ(list.Count(), 1);
-}
-
-TEST(colSeminare, ItemRaisesForAnUnknownKeyWithItsLabel) {
-    Script script;
-    ScriptList(script, 5, {{1}});
-    const auto list = Listed(script.Session(), 5);
-    const auto key = RaisedBy([&] { return list->Item("0000000007"); });
-    ASSERT_TRUE(key);
-    EXPECT_EQ(key->Number(), 5);
-    EXPECT_EQ(key->Description(),
-              "There is no entry under the key \"0000000007\" in the collection.\r\n LumoSeminar062.clsColSeminar.Item");
-    const auto position = RaisedBy([&] { return list->Item(2); });
-    ASSERT_TRUE(position);
-    EXPECT_EQ(position->Number(), 9);
-    EXPECT_EQ(LabelsOf(position), Labels{kLabel + "Item"});
 }
 
 TEST(colSeminare, AddFilesUnderThePresentKeyAndWritesNothing) {
@@ -248,42 +140,6 @@ TEST(colSeminare, RemoveOfAnUnreadSeminarDeletesNothing) {
     EXPECT_EQ(script.Report(), "");
 }
 
-TEST(colSeminare, RemoveOfWhatIsNotListedCarriesTheLabelOfItemAndOfAdd) {
-    colSeminare list;
-    const auto error = RaisedBy([&] { return list.Remove("0000000001"); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 5);
-    EXPECT_EQ(LabelsOf(error), (Labels{kLabel + "Item", kLabelOfAdd}));
-}
-
-TEST(colSeminare, AListFailsAsDocumentedAtEachStep) {
-    ExpectFailures(
-        [](Script& script) {
-            ScriptList(script, 5, {{1}, {2}});
-        },
-        [](const Ref<DataSession>& session) { Listed(session, 5); },
-        {{1, kNotOk, 0, {}, {"Open of the connection"}},
-         {2, kNotOk},
-         {1, kRaises, 7001, {kLabel + "Init"}},
-         {2, kRaises, 7001, {kLabel + "LoadKeysFromDatabase", kLabel + "Init"}}});
-}
-
-TEST(colSeminare, OpeningTheConnectionFailsAsDocumentedAtEachStep) {
-    ExpectFailures(
-        [](Script& script) {
-            script.AdoConnection().Closed();
-            script.ConnectionOpen().Ok();
-            script.OpenSelect(SelectKeys(5)).Rows({"SemID"}, {{1}});
-        },
-        [](const Ref<DataSession>& session) { Listed(session, 5); },
-        {{1, kNotOk, 0, {}, {"Open of the connection"}},
-         {2, kNotOk},
-         {3, kNotOk},
-         {1, kRaises, 7001, {kLabel + "Init"}},
-         {2, kRaises, 7001, {"LumoSeminar.common.OpenADOConnection", kLabel + "Init"}},
-         {3, kRaises, 7001, {kLabel + "LoadKeysFromDatabase", kLabel + "Init"}}});
-}
-
 TEST(colSeminare, ARemoveFailsAsDocumentedAtEachStep) {
     ExpectFailures(
         [](Script& script) {
@@ -328,14 +184,6 @@ TEST(colSeminare, AnEntryOutlivesItsList) {
     EXPECT_EQ(script.Report(), "");
     seminar.Reset();
     EXPECT_TRUE(script.SessionReleased());
-}
-
-TEST(colSeminare, AWalkMayOutliveItsList) {
-    Script script;
-    ScriptList(script, 5, {{1}, {2}});
-    std::vector<Int32> keys;
-    for (const auto& seminar : Listed(script.Session(), 5)->NewEnum()) keys.push_back(seminar->SemID());
-    EXPECT_EQ(keys, (std::vector<Int32>{1, 2}));
 }
 
 }  // namespace

@@ -5,7 +5,6 @@
 #include <LumoConnection/script/script_session.h>
 #include <LumoConnection/stored_rows.h>
 #include <LumoSeminar/catalogue/focus_areas.h>
-#include <test_support/failures.h>
 #include <test_support/focus_area_statements.h>
 #include <test_support/raises.h>
 
@@ -14,9 +13,6 @@ namespace {
 
 using namespace focus_area_statements;
 using LumoConnection::Script;
-using test_support::ExpectFailures;
-using test_support::kNotOk;
-using test_support::kRaises;
 using test_support::LabelsOf;
 using test_support::RaisedBy;
 
@@ -37,22 +33,9 @@ class FocusAreaLists : public testing::Test {
     static std::vector<std::string> KeyColumns() { return {"SchwerpunktID", kOfSeminar ? "SemID" : "SemTerminID"}; }
     static std::vector<std::string> NameColumns() { return {kOfSeminar ? "Weiterbildungsschwerpunkt" : "WBS"}; }
 
-    static std::string LabelOf(const std::string& member) {
-        return std::string(kOfSeminar ? " LumoSeminar062.colSemSchwerpunkte." : " LumoSeminar062.colSemTerminSchwerpunkte.") +
-               member;
-    }
     static std::string EntryLabelOf(const std::string& member) {
         return std::string(kOfSeminar ? " LumoSeminar062.clsSemSchwerpunkt." : " LumoSeminar062.clsSemTerminSchwerpunkt.") + member;
     }
-    static std::string InitLabel() {
-        return kOfSeminar ? " LumoSeminar062.clsColSemSchwerpunkte.Init" : " LumoSeminar062.clsColSemTerminSchwerpunkte.Init";
-    }
-    static std::string LoadLabel() {
-        return kOfSeminar ? " LumoSeminar062.clsColTermine.LoadKeysFromDatabase"
-                          : " LumoSeminar062.clsColSemTerminSchwerpunkte.LoadKeysFromDatabase";
-    }
-    static Labels LabelsOfALoad() { return {LoadLabel(), InitLabel()}; }
-
     static void ScriptList(Script& script, Int32 owner, const std::vector<Int32>& focus_areas) {
         std::vector<std::vector<Variant>> rows;
         rows.reserve(focus_areas.size());
@@ -84,29 +67,6 @@ struct ListNames {
 using Lists = testing::Types<colSemSchwerpunkte, colSemTerminSchwerpunkte>;
 TYPED_TEST_SUITE(FocusAreaLists, Lists, ListNames);
 
-TYPED_TEST(FocusAreaLists, ListTheKeysInTheOrderOfTheServerWithOneStatementAndLeaveTheRowsOpen) {
-    Script script;
-    this->ScriptList(script, 17, {3, 1, 2147483647, -1});
-    const auto list = New<TypeParam>();
-    EXPECT_EQ(list->Init(17, script.Session()), true);
-    EXPECT_EQ(list->Count(), 4);
-    EXPECT_EQ(this->KeysOf(list), (std::vector<Text>{"0000000003", "0000000001", "2147483647", "-0000000001"}));
-    EXPECT_EQ(list->Item(2), list->Item("0000000001"));
-    EXPECT_EQ(list->Item(2)->Key(), "0000000001");
-    EXPECT_EQ(script.RecordsetCalls(), 1);
-    EXPECT_EQ(script.Report(), "");
-}
-
-TYPED_TEST(FocusAreaLists, AreEmptyWhereThereIsNoLinkAndBeforeInit) {
-    Script script;
-    this->ScriptList(script, 17, {});
-    TypeParam list;
-    EXPECT_EQ(list.Count(), 0);
-    EXPECT_EQ(list.Init(17, script.Session()), true);
-    EXPECT_EQ(list.Count(), 0);
-    EXPECT_EQ(script.Report(), "");
-}
-
 TYPED_TEST(FocusAreaLists, AWalkOverTheNamesCostsOneStatementAnEntry) {
     Script script;
     this->ScriptList(script, 17, {1, 2});
@@ -118,47 +78,6 @@ TYPED_TEST(FocusAreaLists, AWalkOverTheNamesCostsOneStatementAnEntry) {
         for (const auto& entry : list->NewEnum()) names.push_back(entry->WBS());
         EXPECT_EQ(names, (std::vector<Text>{"Brandschutz für Prüfer", "Kunden \"vor Ort\""}));
     }
-    EXPECT_EQ(script.Report(), "");
-}
-
-TYPED_TEST(FocusAreaLists, OpenAClosedConnectionFirst) {
-    Script script;
-    script.AdoConnection().Closed();
-    script.ConnectionOpen().Ok();
-    script.OpenSelect(this->SelectKeys(17)).Rows(this->KeyColumns(), {{1, 17}});
-    script.AdoConnection();
-    TypeParam list;
-    EXPECT_EQ(list.Init(17, script.Session()), true);
-    EXPECT_EQ(list.Count(), 1);
-    EXPECT_EQ(script.Report(), "");
-}
-
-TYPED_TEST(FocusAreaLists, InitIsFalseAndKeepsNothingWhereTheConnectionStaysClosed) {
-    for (const bool empty : {true, false}) {
-        Script script;
-        if (empty) {
-            script.AdoConnection().Empty();
-        } else {
-            script.AdoConnection().Closed();
-            script.ConnectionOpen().StaysClosed();
-        }
-        TypeParam list;
-        EXPECT_EQ(list.Init(17, script.Session()), false);
-        EXPECT_EQ(list.Count(), 0);
-        EXPECT_TRUE(script.SessionReleased());
-        EXPECT_EQ(script.Report(), "");
-    }
-}
-
-TYPED_TEST(FocusAreaLists, InitIsFalseWithoutAnErrorWhereTheSelectIsRefused) {
-    Script script;
-    script.AdoConnection();
-    script.OpenSelect(this->SelectKeys(17)).Refused("Ungültiger Objektname.");
-    TypeParam list;
-    EXPECT_EQ(list.Init(17, script.Session()), false);
-    EXPECT_EQ(list.Count(), 0);
-    EXPECT_EQ(script.RecordsetCalls(), 0);
-    EXPECT_EQ(script.LastErrorTextCalls(), 0);
     EXPECT_EQ(script.Report(), "");
 }
 
@@ -174,81 +93,6 @@ TYPED_TEST(FocusAreaLists, TheWalkOverTheKeysEndsAtTheFirstEntryThatCannotBeBoun
     EXPECT_EQ(script.Report(), "");
 }
 
-TYPED_TEST(FocusAreaLists, InitWithAnEmptySessionRaises91WithItsLabel) {
-    TypeParam list;
-    const auto error = RaisedBy([&] { return list.Init(17, nullptr); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 91);
-    EXPECT_EQ(LabelsOf(error), Labels{this->InitLabel()});
-}
-
-TYPED_TEST(FocusAreaLists, ASecondInitAddsAndRaisesAtTheFirstKeyThatIsThere) {
-    Script script;
-    this->ScriptList(script, 17, {1, 2});
-    script.AdoConnection();
-    script.OpenSelect(this->SelectKeys(18)).Rows(this->KeyColumns(), {{3, 18}, {1, 18}, {4, 18}});
-    script.AdoConnection();
-    script.AdoConnection();
-    const auto list = this->Listed(script.Session());
-    const auto error = RaisedBy([&] { return list->Init(18, script.Session()); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 457);
-    EXPECT_EQ(LabelsOf(error), this->LabelsOfALoad());
-    EXPECT_EQ(this->KeysOf(list), (std::vector<Text>{"0000000001", "0000000002", "0000000003"}));
-    EXPECT_EQ(script.Report(), "");
-}
-
-TYPED_TEST(FocusAreaLists, AnOwnerThatIsNullRaises) {
-    Script script;
-    script.AdoConnection();
-    script.OpenSelect(this->SelectKeys(17)).Rows(this->KeyColumns(), {{1, Variant::Null()}});
-    TypeParam list;
-    const auto error = RaisedBy([&] { return list.Init(17, script.Session()); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 94);
-    EXPECT_EQ(LabelsOf(error), this->LabelsOfALoad());
-    EXPECT_EQ(script.Report(), "");
-}
-
-TYPED_TEST(FocusAreaLists, ItemRaisesForAnUnknownKeyAndPositionWithItsLabel) {
-    Script script;
-    this->ScriptList(script, 17, {1});
-    const auto list = this->Listed(script.Session());
-    const auto key = RaisedBy([&] { return list->Item("0000000007"); });
-    ASSERT_TRUE(key);
-    EXPECT_EQ(key->Number(), 5);
-    EXPECT_EQ(key->Description(),
-              "There is no entry under the key \"0000000007\" in the collection.\r\n" + this->LabelOf("Item"));
-    const auto position = RaisedBy([&] { return list->Item(2); });
-    ASSERT_TRUE(position);
-    EXPECT_EQ(position->Number(), 9);
-    EXPECT_EQ(LabelsOf(position), Labels{this->LabelOf("Item")});
-}
-
-TYPED_TEST(FocusAreaLists, RemoveOfWhatIsNotListedCarriesTheLabelOfItemAndItsOwn) {
-    TypeParam list;
-    const auto error = RaisedBy([&] { return list.Remove("0000000001"); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 5);
-    EXPECT_EQ(LabelsOf(error), (Labels{this->LabelOf("Item"), this->LabelOf("Remove")}));
-}
-
-TYPED_TEST(FocusAreaLists, FailAsDocumentedAtEachStep) {
-    ExpectFailures(
-        [this](Script& script) {
-            this->ScriptList(script, 17, {1, 2});
-        },
-        [this](const Ref<DataSession>& session) { this->Listed(session); },
-        {{1, kNotOk, 0, {}, {"Open of the connection"}},
-         {2, kNotOk},
-         {3, kNotOk, 0, {}, {"Open of the connection"}},
-         {4, kNotOk, 0, {}, {"Open of the connection"}},
-         {1, kRaises, 7001, {this->InitLabel()}},
-         {2, kRaises, 7001, this->LabelsOfALoad()},
-         {3, kRaises, 7001, {this->EntryLabelOf("Init"), this->LoadLabel(), this->InitLabel()}},
-         {4, kRaises, 7001, {this->EntryLabelOf("Init"), this->LoadLabel(), this->InitLabel()}}});
-}
-
 TYPED_TEST(FocusAreaLists, AnEntryAndAWalkOutliveTheirList) {
     Script script;
     this->ScriptList(script, 17, {1, 2});
@@ -262,15 +106,6 @@ TYPED_TEST(FocusAreaLists, AnEntryAndAWalkOutliveTheirList) {
     for (const auto& met : walk) count += met->Key().empty() ? 0 : 1;
     EXPECT_EQ(count, 2);
     EXPECT_EQ(script.Report(), "");
-}
-
-TYPED_TEST(FocusAreaLists, LetGoOfTheirSession) {
-    Script script;
-    this->ScriptList(script, 17, {1, 2});
-    auto list = this->Listed(script.Session());
-    EXPECT_FALSE(script.SessionReleased());
-    list.Reset();
-    EXPECT_TRUE(script.SessionReleased());
 }
 
 /// One row whose field raises.

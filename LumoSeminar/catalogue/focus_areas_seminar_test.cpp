@@ -276,18 +276,6 @@ TEST(colSemSchwerpunkte, AnEntryKnowsTheSeminarOfItsRow) {
     EXPECT_EQ(script.Report(), "");
 }
 
-TEST(colSemSchwerpunkte, AKeyThatIsNullRaises) {
-    Script script;
-    script.AdoConnection();
-    script.OpenSelect(SelectKeysOfSeminar(5)).Rows({"SchwerpunktID", "SemID"}, {{Variant::Null(), 5}});
-    colSemSchwerpunkte list;
-    const auto error = RaisedBy([&] { return list.Init(5, script.Session()); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 94);
-    EXPECT_EQ(LabelsOf(error), kLabelsOfALoad);
-    EXPECT_EQ(script.Report(), "");
-}
-
 TEST(colSemSchwerpunkte, AddMakesTheNextFocusAreaInMemory) {
     Script script;
     ScriptList(script);

@@ -21,7 +21,6 @@ using Values = std::vector<Variant>;
 
 const Variant kNull = Variant::Null();
 const std::string kLabelOfALoad = " in LumoSeminar.IsInitialized";
-const Labels kLabelsOfAList = {" in LumoSeminar.LoadKeysFromDataBase", " in LumoSeminar.Init"};
 
 const std::vector<std::string> kColumns = {"JahrID", "Von", "Bis"};
 const std::string kSelectYears = "Select JahrID,von,bis from Sem_BudgetJahr_IT Order by Von";
@@ -63,12 +62,6 @@ Ref<colSemBudgetJahre> Listed(const std::vector<Values>& rows) {
 }
 
 Values ValuesOf(clsSemBudgetJahr& year) { return {year.JahrID(), year.Von(), year.Bis()}; }
-
-std::vector<Int32> YearsOf(const Ref<colSemBudgetJahre>& list) {
-    std::vector<Int32> years;
-    for (const auto& year : list->NewEnum()) years.push_back(year->JahrID());
-    return years;
-}
 
 TEST(clsSemBudgetJahr, InitStoresWhatItIsGivenReadsNothingAndGivesEmpty) {
     Script script;
@@ -232,26 +225,6 @@ TEST(colSemBudgetJahre, AnEmptyTableGivesFalseAndNoYear) {
     EXPECT_EQ(script.Report(), "");
 }
 
-TEST(colSemBudgetJahre, ANullKeyIs0AndAKeyThatIsThereTwiceRaises457) {
-    Script script;
-    script.OpenSelect(kSelectYears).Rows(kColumns, {{kNull, kFrom, kTo}, kYear, {0, kFrom, kTo}});
-    colSemBudgetJahre list;
-    const auto error = RaisedBy([&] { return list.Init(script.Session()); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 457);
-    EXPECT_EQ(LabelsOf(error), kLabelsOfAList);
-    EXPECT_EQ(list.Count(), 2);
-    EXPECT_EQ(ValuesOf(*list.Item("0")), (Values{0, kFrom, kTo}));
-}
-
-TEST(colSemBudgetJahre, WithoutASessionInitRaises91) {
-    colSemBudgetJahre list;
-    const auto error = RaisedBy([&] { return list.Init(nullptr); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 91);
-    EXPECT_EQ(LabelsOf(error), kLabelsOfAList);
-}
-
 TEST(colSemBudgetJahre, ARefusedListRaises9999AndKeepsTheSession) {
     Script script;
     script.OpenSelect(kSelectYears).Refused("Ungültiger Objektname 'Sem_BudgetJahr_IT'.");
@@ -266,29 +239,6 @@ TEST(colSemBudgetJahre, ARefusedListRaises9999AndKeepsTheSession) {
               "LumoSeminar.LoadKeysFromDataBase in LumoSeminar.Init");
     EXPECT_EQ(list.Count(), 0);
     EXPECT_EQ(list.Add(2)->Von(), kFrom);
-    EXPECT_EQ(script.Report(), "");
-}
-
-TEST(colSemBudgetJahre, AFieldThatCannotBeReadRaisesAndTheYearsBeforeItStay) {
-    Script script;
-    script.OpenSelect(kSelectYears).Rows(kColumns, {kYear, {3, "im April", kTo}, {4, kFrom, kTo}});
-    const auto list = New<colSemBudgetJahre>();
-    const auto error = RaisedBy([&] { return list->Init(script.Session()); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 13);
-    EXPECT_EQ(LabelsOf(error), kLabelsOfAList);
-    EXPECT_EQ(YearsOf(list), std::vector<Int32>{2});
-}
-
-TEST(colSemBudgetJahre, ASecondInitRaises457AtTheFirstYearThatIsListed) {
-    Script script;
-    ScriptList(script, {kYear});
-    script.OpenSelect(kSelectYears).Rows(kColumns, {{1, kFrom, kTo}, kYear, {3, kFrom, kTo}});
-    const auto list = Listed(script.Session());
-    const auto error = RaisedBy([&] { return list->Init(script.Session()); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 457);
-    EXPECT_EQ(YearsOf(list), (std::vector<Int32>{2, 1}));
     EXPECT_EQ(script.Report(), "");
 }
 
@@ -311,45 +261,6 @@ TEST(colSemBudgetJahre, AYearAddedToAListWithoutASessionCannotBeLoaded) {
     const auto year = New<colSemBudgetJahre>()->Add(7);
     EXPECT_EQ(year->JahrID(), 7);
     EXPECT_RAISES(91, year->Von());
-}
-
-TEST(colSemBudgetJahre, ItemFindsByPositionAndByTheDecimalTextOfTheKey) {
-    const auto list = Listed(std::vector<Values>{{12, kFrom, kTo}, {-3, kFrom, kTo}});
-    EXPECT_EQ(list->Item("12"), list->Item(1));
-    EXPECT_EQ(list->Item("-3"), list->Item(2.0));
-    for (const char* key : {"1", "0000000012", "012", ""}) EXPECT_FALSE(list->Item(key)) << key;
-}
-
-TEST(colSemBudgetJahre, ItemRaisesForWhatIsNoPositionWithItsLabelAndRemoveWithout) {
-    const auto list = Listed(std::vector<Values>{kYear});
-    const struct {
-        Variant index;
-        Int32 number;
-    } cases[] = {{0, 9}, {2, 9}, {-1, 9}, {Variant(), 9}, {kNull, 94}, {list->Item(1), 13}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.index.TypeName());
-        const auto item = RaisedBy([&] { return list->Item(c.index); });
-        ASSERT_TRUE(item);
-        EXPECT_EQ(item->Number(), c.number);
-        EXPECT_EQ(item->Description().substr(0, 12), "in line: 0\r\n");
-        EXPECT_EQ(LabelsOf(item), Labels{" in LumoSeminar.Item"});
-        const auto remove = RaisedBy([&] { return list->Remove(c.index), 0; });
-        ASSERT_TRUE(remove);
-        EXPECT_EQ(remove->Number(), c.number);
-        EXPECT_EQ(LabelsOf(remove), Labels{});
-    }
-    EXPECT_RAISES(5, list->Remove("1"));
-    EXPECT_EQ(list->Count(), 1);
-}
-
-TEST(colSemBudgetJahre, RemoveTakesTheEntryOutAndSendsNothing) {
-    Script script;
-    ScriptList(script, {{1, kFrom, kTo}, kYear, {3, kFrom, kTo}});
-    const auto list = Listed(script.Session());
-    list->Remove(1);
-    list->Remove("3");
-    EXPECT_EQ(YearsOf(list), std::vector<Int32>{2});
-    EXPECT_EQ(script.Report(), "");
 }
 
 /// In the order of Von: two years without a gap, a gap, two that overlap and begin together, one in the second of them,
@@ -446,23 +357,6 @@ TEST(colSemBudgetJahre, GetBudgetJahrGoesByTheEntriesAsTheyAreNow) {
     list->Item("2")->Von(DateTime::Of(2009, 8, 1, 0, 0, 1));
     EXPECT_FALSE(list->GetBudgetJahr(moment));
     EXPECT_EQ(script.Report(), "");
-}
-
-TEST(colSemBudgetJahre, AListFailsAsDocumentedAtEachStep) {
-    ExpectFailures(
-        [](Script& script) { ScriptList(script, {kYear}); },
-        [](const Ref<DataSession>& session) { EXPECT_EQ(Listed(session)->Count(), 1); },
-        {{1, kNotOk, 9999, kLabelsOfAList}, {1, kRaises, 7001, kLabelsOfAList}, {2, kRaises, 7001, kLabelsOfAList}});
-}
-
-TEST(colSemBudgetJahre, AWalkMayOutliveItsListAndRemoveWhatItMeets) {
-    std::vector<Int32> years;
-    for (const auto& year : Listed(std::vector<Values>{{1, kFrom, kTo}, kYear})->NewEnum())
-        years.push_back(year->JahrID());
-    EXPECT_EQ(years, (std::vector<Int32>{1, 2}));
-    const auto list = Listed(std::vector<Values>{{1, kFrom, kTo}, kYear});
-    for (const auto& year : list->NewEnum()) list->Remove(std::to_string(year->JahrID()));
-    EXPECT_EQ(list->Count(), 0);
 }
 
 TEST(colSemBudgetJahre, AYearOutlivesItsListAndBothLetGoOfTheSession) {

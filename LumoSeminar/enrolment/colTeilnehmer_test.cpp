@@ -30,7 +30,6 @@ const Text kNewKey = "0000000000";
 
 const std::string kOfList = " LumoSeminar062.ColTeilnehmer.";
 const std::string kAddEmptyObject = "LumoSeminar.colTeilnehmer.AddEmptyObject";
-const std::string kChangeKey = "LumoSeminar.colTeilnehmer.ChangeKey";
 const Labels kLabelsOfALoad = {kOfList + "LoadKeysFromDatabase", kOfList + "Init"};
 /// Of a record whose load raises while it gets its date.
 const Labels kLabelsOfARecord = {kLabel + "PropertiesInit", kLabel + "MDNr -> Property LET", kLabel + "Init"};
@@ -106,13 +105,6 @@ TEST_F(colTeilnehmerTest, AFilterIsGluedOnAsItStands) {
     }
 }
 
-TEST_F(colTeilnehmerTest, ADateWithoutParticipantsIsAnEmptyList) {
-    Script script;
-    ScriptList(script, {});
-    EXPECT_EQ(Listed(script.Session())->Count(), 0);
-    EXPECT_EQ(script.Report(), "");
-}
-
 TEST_F(colTeilnehmerTest, WithoutADateTheRecordsAreBoundOnly) {
     Script script;
     ScriptKeys(script, {7, 8}, 0);
@@ -138,16 +130,6 @@ TEST_F(colTeilnehmerTest, TheRecordsHaveTheDateOfTheListWhateverTheirRowsSay) {
     EXPECT_EQ(script.Report(), "") << "also the one whose row went meanwhile";
 }
 
-TEST_F(colTeilnehmerTest, AClosedConnectionIsOpenedFirst) {
-    Script script;
-    script.AdoConnection().Closed();
-    script.ConnectionOpen().Ok();
-    script.OpenSelect(SelectKeys(17)).Rows({"TeilnehmerID"}, {{7}});
-    ScriptRecord(script);
-    EXPECT_EQ(Listed(script.Session())->Count(), 1);
-    EXPECT_EQ(script.Report(), "");
-}
-
 TEST_F(colTeilnehmerTest, InitIsFalseAndKeepsNothingWhereTheConnectionStaysClosed) {
     for (const bool empty : {true, false}) {
         Script open;
@@ -169,18 +151,6 @@ TEST_F(colTeilnehmerTest, InitIsFalseAndKeepsNothingWhereTheConnectionStaysClose
     }
 }
 
-TEST_F(colTeilnehmerTest, InitIsFalseWithoutAnErrorWhereTheListIsRefused) {
-    Script script;
-    script.AdoConnection();
-    script.OpenSelect(SelectKeys(17, " Teilnahme <> 0")).Refused("Falsche Syntax in der Nähe von 'Teilnahme'.");
-    colTeilnehmer list;
-    EXPECT_EQ(list.Init(17, script.Session(), " Teilnahme <> 0"), false);
-    EXPECT_EQ(list.Count(), 0);
-    EXPECT_EQ(script.LastErrorTextCalls(), 0);
-    EXPECT_EQ(script.RecordsetCalls(), 0);
-    EXPECT_EQ(script.Report(), "");
-}
-
 TEST_F(colTeilnehmerTest, ASecondInitAddsToTheList) {
     Script script;
     ScriptList(script, {7, 8});
@@ -194,43 +164,6 @@ TEST_F(colTeilnehmerTest, ASecondInitAddsToTheList) {
     EXPECT_EQ(list->Item(1)->SemTerminID(), 17);
     EXPECT_EQ(list->Add(9)->SemTerminID(), 18);
     EXPECT_EQ(script.Report(), "");
-}
-
-TEST_F(colTeilnehmerTest, ASecondInitRaises457AtTheFirstKeyThatIsListed) {
-    Script script;
-    ScriptList(script, {7});
-    ScriptKeys(script, {6, 7, 8});
-    ScriptRecord(script, {FullRow()}, 6);
-    ScriptRecord(script);
-    const auto list = Listed(script.Session());
-    const auto error = RaisedBy([&] { return list->Init(17, script.Session()); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 457);
-    EXPECT_EQ(error->Source(), "LumoSeminar");
-    EXPECT_EQ(error->Description(),
-              "The key \"0000000007\" is already in the collection.\r\n LumoSeminar062.ColTeilnehmer.LoadKeysFromDatabase\r\n"
-              " LumoSeminar062.ColTeilnehmer.Init");
-    EXPECT_EQ(KeysOf(list), (Keys{"0000000007", "0000000006"}));
-    EXPECT_EQ(script.Report(), "");
-}
-
-TEST_F(colTeilnehmerTest, AKeyThatDoesNotFitRaisesAndWhatCameBeforeItIsListed) {
-    const struct {
-        Variant key;
-        Int32 number;
-    } cases[] = {{Variant::Null(), 94}, {"sieben", 13}, {2147483648.0, 6}};
-    for (const auto& c : cases) {
-        Script script;
-        ScriptKeys(script, {7, c.key, 8});
-        ScriptRecord(script);
-        colTeilnehmer list;
-        const auto error = RaisedBy([&] { return list.Init(17, script.Session()); });
-        ASSERT_TRUE(error) << c.number;
-        EXPECT_EQ(error->Number(), c.number);
-        EXPECT_EQ(LabelsOf(error), kLabelsOfALoad);
-        EXPECT_EQ(list.Count(), 1);
-        EXPECT_EQ(script.Report(), "");
-    }
 }
 
 TEST_F(colTeilnehmerTest, ARecordThatFindsTheConnectionClosedIsListedUnboundAsANewOne) {
@@ -255,36 +188,6 @@ TEST_F(colTeilnehmerTest, ARecordThatFindsTheConnectionClosedIsListedUnboundAsAN
 }
 
 // Item, NewEnum
-
-TEST_F(colTeilnehmerTest, ItemGivesByPositionOrKeyAndNothingForAKeyThatIsNotThere) {
-    Script script;
-    ScriptList(script, {8, 7});
-    const auto list = Listed(script.Session());
-    EXPECT_EQ(list->Item(1)->TeilnehmerID(), 8);
-    EXPECT_EQ(list->Item(Int16{2})->TeilnehmerID(), 7);
-    EXPECT_EQ(list->Item("0000000007"), list->Item(2));
-    for (const char* key : {"7", "", "000000007", "0000000009", "0000000007 ", "Größe"})
-        EXPECT_FALSE(list->Item(key)) << key;
-    EXPECT_EQ(script.Report(), "");
-}
-
-TEST_F(colTeilnehmerTest, ItemRaisesForEverythingElseUnderItsLabel) {
-    Script script;
-    ScriptList(script, {8});
-    const auto list = Listed(script.Session());
-    const struct {
-        Variant index;
-        Int32 number;
-    } cases[] = {{7, 9}, {0, 9}, {-1, 9}, {Variant(), 9}, {Variant::Null(), 94}, {2147483648.0, 6}, {list, 13}};
-    for (const auto& c : cases) {
-        const auto error = RaisedBy([&] { return list->Item(c.index); });
-        ASSERT_TRUE(error) << c.number;
-        EXPECT_EQ(error->Number(), c.number);
-        EXPECT_EQ(LabelsOf(error), Labels{kOfList + "Item"});
-    }
-    EXPECT_EQ(RaisedBy([&] { return list->Item(7); })->Description(),
-              "There is no entry at position 7 of the collection.\r\n LumoSeminar062.ColTeilnehmer.Item");
-}
 
 TEST_F(colTeilnehmerTest, AWalkGoesOnWithoutTheListAndWhileEntriesAreTakenOut) {
     Script script;
@@ -502,23 +405,6 @@ TEST_F(colTeilnehmerTest, RemoveOfAnUnsavedRecordSendsItsStatementAndTheEntryGoe
     EXPECT_EQ(script.Report(), "");
 }
 
-TEST_F(colTeilnehmerTest, RemoveOfWhatIsNotThereRaises91OrWhatItemRaises) {
-    Script script;
-    ScriptList(script, {8});
-    const auto list = Listed(script.Session());
-    const auto unknown = RaisedBy([&] { return list->Remove("0000000007"); });
-    ASSERT_TRUE(unknown);
-    EXPECT_EQ(unknown->Number(), 91);
-    EXPECT_EQ(unknown->Source(), "LumoSeminar");
-    EXPECT_EQ(unknown->Description(), "An empty reference was used as an object.\r\n LumoSeminar062.ColTeilnehmer.Remove");
-    const auto outside = RaisedBy([&] { return list->Remove(2); });
-    ASSERT_TRUE(outside);
-    EXPECT_EQ(outside->Number(), 9);
-    EXPECT_EQ(LabelsOf(outside), (Labels{kOfList + "Item", kOfList + "Remove"}));
-    EXPECT_EQ(list->Count(), 1);
-    EXPECT_EQ(script.Report(), "");
-}
-
 TEST_F(colTeilnehmerTest, RemoveColOnlySendsNothingAndTheRecordStaysUsable) {
     Script script;
     ScriptList(script, {8, 7, 12});
@@ -591,28 +477,6 @@ TEST_F(colTeilnehmerTest, TheRecordsGoBeforeTheSession) {
 }
 
 // Failures
-
-TEST_F(colTeilnehmerTest, EveryFailureOfAListIsSilentOrRaisesUnderItsLabels) {
-    const std::string open = "Open of the connection";
-    const auto record = Behind(kLabelsOfARecord, kLabelsOfALoad);
-    ExpectFailures(
-        [](Script& script) {
-            ScriptList(script, {7, 8});
-        },
-        [](const Ref<DataSession>& session) { colTeilnehmer().Init(17, session); },
-        {{1, kNotOk, 0, {}, {open}},
-         {2, kNotOk},
-         {3, kNotOk, 0, {}, {open, "AdoConnection", "OpenSelect: " + Select(8)}},
-         {4, kNotOk, 0, {}, {"AdoConnection", "OpenSelect: " + Select(8)}},
-         {5, kNotOk, 0, {}, {open}},
-         {6, kNotOk},
-         {1, kRaises, 7001, {kOfList + "Init"}},
-         {2, kRaises, 7001, kLabelsOfALoad},
-         {3, kRaises, 7001, Behind({kLabel + "Init"}, kLabelsOfALoad)},
-         {4, kRaises, 7001, record},
-         {5, kRaises, 7001, Behind({kLabel + "Init"}, kLabelsOfALoad)},
-         {6, kRaises, 7001, record}});
-}
 
 TEST_F(colTeilnehmerTest, EveryFailureOfARemovalIsSilentOrRaisesUnderItsLabels) {
     const std::string open = "Open of the connection";

@@ -4,7 +4,6 @@
 
 #include <LumoConnection/script/script_session.h>
 #include <test_support/cost_statements.h>
-#include <test_support/failures.h>
 #include <test_support/raises.h>
 
 namespace LumoSeminar {
@@ -12,9 +11,6 @@ namespace {
 
 using namespace cost_statements;
 using LumoConnection::Script;
-using test_support::ExpectFailures;
-using test_support::kNotOk;
-using test_support::kRaises;
 using test_support::LabelsOf;
 using test_support::RaisedBy;
 
@@ -24,8 +20,6 @@ const Variant kNull = Variant::Null();
 const std::string kLabelOfALoad = " in LumoSeminar.IsInitialized";
 const std::string kLabelOfAWrite = " in LumoSeminar.WriteToDatabase";
 const std::string kLabelOfADelete = " in LumoSeminar.DeleteFromDatabase";
-const std::string kLabelOfItem = " in LumoSeminar.Item";
-const Labels kLabelsOfAList = {" in LumoSeminar.LoadKeysFromDataBase", " in LumoSeminar.Init"};
 
 TEST(clsTeilnehmerKosten, TheKeysAreStoredAndGivenWithoutASession) {
     clsTeilnehmerKosten line;
@@ -272,13 +266,6 @@ TEST(colTeilnehmerKosten, ListsAndLoadsTheLinesInTheOrderOfTheServerWithOneState
     EXPECT_EQ(script.Report(), "");
 }
 
-TEST(colTeilnehmerKosten, AParticipantWithoutLinesHasAnEmptyList) {
-    Script script;
-    ScriptList(script, {}, 0);
-    EXPECT_EQ(Listed(script.Session(), 0)->Count(), 0);
-    EXPECT_EQ(script.Report(), "");
-}
-
 TEST(colTeilnehmerKosten, ALineBelongsToTheParticipantOfItsRowAndANullKeyIs0) {
     Script script;
     ScriptList(script, {{8, 4, 1, Single{1}, 1}, {kNull, kNull, 1, Single{2}, 2}});
@@ -286,14 +273,6 @@ TEST(colTeilnehmerKosten, ALineBelongsToTheParticipantOfItsRowAndANullKeyIs0) {
     EXPECT_EQ(ValuesOf(*list->Item("4")), (Values{8, 4, 1, Single{1}, 1}));
     EXPECT_EQ(ValuesOf(*list->Item("0")), (Values{0, 0, 1, Single{2}, 2}));
     EXPECT_EQ(script.Report(), "");
-}
-
-TEST(colTeilnehmerKosten, WithoutASessionInitRaises91) {
-    colTeilnehmerKosten list;
-    const auto error = RaisedBy([&] { return list.Init(7, nullptr); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 91);
-    EXPECT_EQ(LabelsOf(error), kLabelsOfAList);
 }
 
 TEST(colTeilnehmerKosten, ARefusedListRaises9999AndKeepsSessionAndParticipant) {
@@ -312,29 +291,6 @@ TEST(colTeilnehmerKosten, ARefusedListRaises9999AndKeepsSessionAndParticipant) {
     EXPECT_EQ(list.Count(), 0);
     EXPECT_EQ(ValuesOf(*list.Add(2)), kLine);
     EXPECT_EQ(script.Report(), "");
-}
-
-TEST(colTeilnehmerKosten, AFieldThatCannotBeReadRaisesAndTheLinesBeforeItStay) {
-    Script script;
-    script.OpenSelect(SelectLines(7)).Rows(kColumns, {kLine, {7, 3, 1, "viel", 1}, {7, 4, 1, Single{1}, 1}});
-    const auto list = New<colTeilnehmerKosten>();
-    const auto error = RaisedBy([&] { return list->Init(7, script.Session()); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 13);
-    EXPECT_EQ(LabelsOf(error), kLabelsOfAList);
-    EXPECT_EQ(LinesOf(list), std::vector<Int32>{2});
-    EXPECT_EQ(script.Report(), "");
-}
-
-TEST(colTeilnehmerKosten, TwoRowsOfOneKostenIDRaise457) {
-    Script script;
-    script.OpenSelect(SelectLines(7)).Rows(kColumns, {kLine, {8, 2, 1, Single{1}, 1}});
-    colTeilnehmerKosten list;
-    const auto error = RaisedBy([&] { return list.Init(7, script.Session()); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 457);
-    EXPECT_EQ(LabelsOf(error), kLabelsOfAList);
-    EXPECT_EQ(list.Count(), 1);
 }
 
 TEST(colTeilnehmerKosten, ASecondInitAddsTheLinesOfTheOtherParticipant) {
@@ -383,44 +339,6 @@ TEST(colTeilnehmerKosten, ASecondNewLineRaises457AlsoWhereTheFirstHasBeenWritten
     EXPECT_EQ(script.Report(), "");
 }
 
-TEST(colTeilnehmerKosten, ItemFindsByPositionAndByTheDecimalTextOfTheKey) {
-    Script script;
-    ScriptList(script, {{7, 12, 1, Single{1}, 1}, {7, -3, 1, Single{1}, 1}, {7, 2147483647, 1, Single{1}, 1}});
-    const auto list = Listed(script.Session());
-    EXPECT_EQ(list->Item("12"), list->Item(1));
-    EXPECT_EQ(list->Item("-3"), list->Item(2.0));
-    EXPECT_EQ(list->Item("2147483647"), list->Item(3));
-    for (const char* key : {"1", "0000000012", "012", " 12", ""}) EXPECT_FALSE(list->Item(key)) << key;
-    EXPECT_EQ(script.Report(), "");
-}
-
-TEST(colTeilnehmerKosten, ItemRaisesForWhatIsNoPositionWithItsLabelAndRemoveWithout) {
-    Script script;
-    ScriptList(script, {kLine});
-    const auto list = Listed(script.Session());
-    const struct {
-        Variant index;
-        Int32 number;
-    } cases[] = {{0, 9}, {2, 9}, {-1, 9}, {Variant(), 9}, {kNull, 94}, {list->Item(1), 13}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.index.TypeName());
-        const auto item = RaisedBy([&] { return list->Item(c.index); });
-        ASSERT_TRUE(item);
-        EXPECT_EQ(item->Number(), c.number);
-        EXPECT_EQ(item->Description().substr(0, 12), "in line: 0\r\n");
-        EXPECT_EQ(LabelsOf(item), Labels{kLabelOfItem});
-        const auto remove = RaisedBy([&] { return list->Remove(c.index), 0; });
-        ASSERT_TRUE(remove);
-        EXPECT_EQ(remove->Number(), c.number);
-        EXPECT_EQ(LabelsOf(remove), Labels{});
-    }
-    const auto unknown = RaisedBy([&] { return list->Remove("1"), 0; });
-    ASSERT_TRUE(unknown);
-    EXPECT_EQ(unknown->Number(), 5);
-    EXPECT_EQ(unknown->Description(), "There is no entry under the key \"1\" in the collection.");
-    EXPECT_EQ(list->Count(), 1);
-}
-
 TEST(colTeilnehmerKosten, RemoveLeavesTheRowAndDeleteFromDatabaseTheEntry) {
     Script script;
     ScriptList(script, {{7, 1, 1, Single{1}, 1}, kLine, {7, 3, 1, Single{1}, 1}});
@@ -431,24 +349,6 @@ TEST(colTeilnehmerKosten, RemoveLeavesTheRowAndDeleteFromDatabaseTheEntry) {
     EXPECT_EQ(LinesOf(list), std::vector<Int32>{3});
     EXPECT_EQ(list->Item(1)->DeleteFromDatabase(), true);
     EXPECT_EQ(LinesOf(list), std::vector<Int32>{3});
-    EXPECT_EQ(script.Report(), "");
-}
-
-TEST(colTeilnehmerKosten, AListFailsAsDocumentedAtEachStep) {
-    ExpectFailures(
-        [](Script& script) { ScriptList(script, {kLine}); }, [](const Ref<DataSession>& session) { Listed(session); },
-        {{1, kNotOk, 9999, kLabelsOfAList}, {1, kRaises, 7001, kLabelsOfAList}, {2, kRaises, 7001, kLabelsOfAList}});
-}
-
-TEST(colTeilnehmerKosten, AWalkMayOutliveItsListAndRemoveWhatItMeets) {
-    Script script;
-    for (int i = 0; i < 2; ++i) ScriptList(script, {kLine, {7, 3, 1, Single{1}, 1}});
-    std::vector<Int32> lines;
-    for (const auto& line : Listed(script.Session())->NewEnum()) lines.push_back(line->KostenID());
-    EXPECT_EQ(lines, (std::vector<Int32>{2, 3}));
-    const auto list = Listed(script.Session());
-    for (const auto& line : list->NewEnum()) list->Remove(std::to_string(line->KostenID()));
-    EXPECT_EQ(list->Count(), 0);
     EXPECT_EQ(script.Report(), "");
 }
 

@@ -4,29 +4,16 @@
 
 #include <LumoConnection/script/script_session.h>
 #include <LumoSeminar/scheduling/clsSerie.h>
-#include <test_support/failures.h>
 #include <test_support/raises.h>
+#include <test_support/serie_list.h>
 #include <test_support/serie_statements.h>
 
 namespace LumoSeminar {
-
-/// The way to the session of a list: no call of the class gives it one, and without one nothing is ever loaded.
-Ref<DataSession>& SessionOf(colSerie& list);
-
-template <Ref<DataSession> colSerie::*kSession>
-struct WayToTheSession {
-    friend Ref<DataSession>& SessionOf(colSerie& list) { return list.*kSession; }
-};
-// Access is not checked for what is named here.
-template struct WayToTheSession<&colSerie::session_>;
 
 namespace {
 
 using namespace serie_statements;
 using LumoConnection::Script;
-using test_support::ExpectFailures;
-using test_support::kNotOk;
-using test_support::kRaises;
 using test_support::LabelsOf;
 using test_support::RaisedBy;
 
@@ -116,36 +103,6 @@ TEST(colSerie, AddOfAnEmptyReferenceRaises91) {
     EXPECT_EQ(list.Count(), 0);
 }
 
-TEST(colSerie, ItemGoesByPositionFromOneAndByKeyText) {
-    Script script;
-    const auto list = ListOf(script.Session(), {3, 1, -1});
-    EXPECT_EQ(list->Item(1)->SerienID(), 3);
-    EXPECT_EQ(list->Item(3)->SerienID(), -1);
-    EXPECT_EQ(list->Item("0000000001")->SerienID(), 1);
-    EXPECT_EQ(list->Item("-0000000001")->SerienID(), -1);
-}
-
-TEST(colSerie, ItemAndRemoveRaiseForWhatIsNotListedWithTheirLabels) {
-    Script script;
-    const auto list = ListOf(script.Session(), {1});
-    const struct {
-        Variant which;
-        Int32 number;
-    } cases[] = {{"0000000007", 5}, {"1", 5}, {"", 5}, {0, 9}, {2, 9}, {-1, 9}, {Variant::Null(), 94}};
-    for (const auto& c : cases) {
-        const auto item = RaisedBy([&] { return list->Item(c.which); });
-        ASSERT_TRUE(item);
-        EXPECT_EQ(item->Number(), c.number);
-        EXPECT_EQ(item->Source(), "LumoSeminar");
-        EXPECT_EQ(LabelsOf(item), Labels{kLabel + "Item"});
-        const auto remove = RaisedBy([&] { list->Remove(c.which); });
-        ASSERT_TRUE(remove);
-        EXPECT_EQ(remove->Number(), c.number);
-        EXPECT_EQ(LabelsOf(remove), Labels{kLabel + "Remove"});
-    }
-    EXPECT_EQ(list->Count(), 1);
-}
-
 TEST(colSerie, RemoveTakesTheEntryFromTheListOnly) {
     Script script;
     const auto list = ListOf(script.Session(), {3, 1, 2});
@@ -159,22 +116,6 @@ TEST(colSerie, RemoveTakesTheEntryFromTheListOnly) {
     EXPECT_EQ(list->Add(removed), removed) << "the key is free again";
     EXPECT_EQ(KeysOf(*list), (std::vector<Int32>{2, 1}));
     EXPECT_TRUE(script.Calls().empty());
-}
-
-TEST(colSerie, AWalkMeetsTheEntriesInTheOrderOfTheList) {
-    Script script;
-    const auto list = ListOf(script.Session(), {3, 1, 2147483647, -1});
-    EXPECT_EQ(list->Count(), 4);
-    EXPECT_EQ(KeysOf(*list), (std::vector<Int32>{3, 1, 2147483647, -1}));
-    colSerie empty;
-    EXPECT_EQ(KeysOf(empty), std::vector<Int32>{});
-}
-
-TEST(colSerie, AWalkMayOutliveItsList) {
-    Script script;
-    std::vector<Int32> keys;
-    for (const auto& series : ListOf(script.Session(), {1, 2})->NewEnum()) keys.push_back(series->SerienID());
-    EXPECT_EQ(keys, (std::vector<Int32>{1, 2}));
 }
 
 TEST(colSerie, AnEntryOutlivesItsListAndHoldsTheSession) {
@@ -206,45 +147,6 @@ TEST(colSerie, AListThatHasASessionTakesTheGivenOneAndListsAllSeries) {
     EXPECT_TRUE(script.SessionReleased());
 }
 
-TEST(colSerie, AListThatHasASessionIsEmptyWhereThereIsNoSeries) {
-    Script script;
-    ScriptList(script, {});
-    colSerie list;
-    SessionOf(list) = script.Session();
-    EXPECT_EQ(list.Init(script.Session()), true);
-    EXPECT_EQ(list.Count(), 0);
-    EXPECT_EQ(script.Report(), "");
-}
-
-TEST(colSerie, ARefusedListRaises9999) {
-    Script script;
-    script.OpenSelect(kSelectKeys).Refused("Ungültiger Objektname \"Sem_Serien_IT\".");
-    colSerie list;
-    SessionOf(list) = script.Session();
-    const auto error = RaisedBy([&] { return list.Init(script.Session()); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 9999);
-    EXPECT_EQ(error->Source(), "LumoSeminar");
-    EXPECT_EQ(error->Description(),
-              "Ungültiger Objektname \"Sem_Serien_IT\".\r\nLumoSeminar.colSerien.LoadKeysFromDataBase\r\n"
-              "LumoSeminar.colSerien.Init");
-    EXPECT_EQ(list.Count(), 0);
-    EXPECT_EQ(script.Report(), "");
-}
-
-TEST(colSerie, AListThatHasASessionAddsAndRaisesAtTheFirstKeyThatIsThere) {
-    Script script;
-    script.OpenSelect(kSelectKeys).Rows({"SerienID"}, {{3}, {1}, {4}});
-    const auto list = ListOf(script.Session(), {1});
-    SessionOf(*list) = script.Session();
-    const auto error = RaisedBy([&] { return list->Init(script.Session()); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 457);
-    EXPECT_EQ(LabelsOf(error), kLabelsOfLoad);
-    EXPECT_EQ(KeysOf(*list), (std::vector<Int32>{1, 3}));
-    EXPECT_EQ(script.Report(), "");
-}
-
 TEST(colSerie, AListThatHasASessionTakesAnEmptyOneAndRaises91) {
     Script script;
     colSerie list;
@@ -255,19 +157,6 @@ TEST(colSerie, AListThatHasASessionTakesAnEmptyOneAndRaises91) {
     EXPECT_EQ(LabelsOf(error), kLabelsOfLoad);
     EXPECT_EQ(list.Init(script.Session()), false) << "fresh again";
     EXPECT_TRUE(script.Calls().empty());
-}
-
-TEST(colSerie, AListFailsAsDocumentedAtEachStep) {
-    ExpectFailures(
-        [](Script& script) {
-            ScriptList(script, {{1}, {2}});
-        },
-        [](const Ref<DataSession>& session) {
-            colSerie list;
-            SessionOf(list) = session;
-            list.Init(session);
-        },
-        {{1, kNotOk, 9999, kLabelsOfLoad}, {1, kRaises, 7001, kLabelsOfLoad}, {2, kRaises, 7001, kLabelsOfLoad}});
 }
 
 }  // namespace

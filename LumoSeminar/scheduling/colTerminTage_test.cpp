@@ -69,22 +69,6 @@ TEST(colTerminTage, ListsTheDaysInTheOrderOfTheServerWithOneStatementAndClosesTh
     EXPECT_EQ(script.Report(), "");
 }
 
-TEST(colTerminTage, ADateWithoutDaysHasAnEmptyList) {
-    Script script;
-    ScriptList(script, 9, {});
-    colTerminTage list;
-    EXPECT_EQ(list.Init(9, script.Session()), true);
-    EXPECT_EQ(list.Count(), 0);
-    EXPECT_EQ(script.Report(), "");
-}
-
-TEST(colTerminTage, ADayThatIsNullIsTheBaseDate) {
-    Script script;
-    ScriptList(script, 17, {{Variant::Null()}});
-    EXPECT_EQ(KeysOf(Listed(script.Session())), std::vector<Text>{"000000001718991230"});
-    EXPECT_EQ(script.Report(), "");
-}
-
 TEST(colTerminTage, InitWithAnEmptySessionIsFalseAndKeepsNothing) {
     Script script;
     ScriptList(script, 17, {{kMonday}});
@@ -117,17 +101,6 @@ TEST(colTerminTage, ARefusedSelectRaises9999AndTheListKeepsDateAndSession) {
     EXPECT_EQ(script.Report(), "");
 }
 
-TEST(colTerminTage, AFieldThatIsNoDayRaisesWithAllLabelsAndTheDaysBeforeItStay) {
-    Script script;
-    script.OpenSelect(SelectDays(17)).Rows(kDayColumns, {{kMonday}, {"am Dienstag"}, {kWednesday}});
-    colTerminTage list;
-    const auto error = RaisedBy([&] { return list.Init(17, script.Session()); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 13);
-    EXPECT_EQ(LabelsOf(error), kLabelsOfALoad);
-    EXPECT_EQ(list.Count(), 1);
-}
-
 TEST(colTerminTage, ASecondInitAddsTheDaysOfTheOtherDate) {
     Script script;
     ScriptList(script, 17, {{kMonday}});
@@ -139,19 +112,6 @@ TEST(colTerminTage, ASecondInitAddsTheDaysOfTheOtherDate) {
     EXPECT_EQ(script.Report(), "");
 }
 
-TEST(colTerminTage, ASecondInitForTheSameDateRaisesAtTheFirstDayThatIsThere) {
-    Script script;
-    ScriptList(script, 17, {{kMonday}});
-    script.OpenSelect(SelectDays(17)).Rows(kDayColumns, {{DateTime::Of(2010, 2, 26)}, {kMonday}, {kTuesday}});
-    const auto list = Listed(script.Session());
-    const auto error = RaisedBy([&] { return list->Init(17, script.Session()); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 457);
-    EXPECT_EQ(LabelsOf(error), kLabelsOfALoad);
-    EXPECT_EQ(KeysOf(list), (std::vector<Text>{"000000001720100301", "000000001720100226"}));
-    EXPECT_EQ(script.Report(), "");
-}
-
 TEST(colTerminTage, TwoRowsOfOneDayRaise457AlsoWhereTheirTimesDiffer) {
     Script script;
     script.OpenSelect(SelectDays(17)).Rows(kDayColumns, {{kMonday}, {DateTime::Of(2010, 3, 1, 14, 0)}});
@@ -160,19 +120,6 @@ TEST(colTerminTage, TwoRowsOfOneDayRaise457AlsoWhereTheirTimesDiffer) {
     ASSERT_TRUE(error);
     EXPECT_EQ(error->Number(), 457);
     EXPECT_EQ(LabelsOf(error), kLabelsOfALoad);
-}
-
-TEST(colTerminTage, ADayThatComesASecondTimeBehindOthersRaises457AndTheOthersAreListed) {
-    Script script;
-    script.OpenSelect(SelectDays(17)).Rows(kDayColumns, {{kMonday}, {kTuesday}, {kMonday}, {kWednesday}});
-    const auto list = New<colTerminTage>();
-    const auto error = RaisedBy([&] { return list->Init(17, script.Session()); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 457);
-    EXPECT_EQ(LabelsOf(error), kLabelsOfALoad);
-    EXPECT_EQ(list->Count(), 2);
-    EXPECT_EQ(KeysOf(list), (std::vector<Text>{"000000001720100301", "000000001720100302"}));
-    EXPECT_EQ(script.Report(), "") << "the rows are not closed";
 }
 
 TEST(colTerminTage, DaysThatTheDatabaseKeepsInAnotherTypeAreDays) {
@@ -264,34 +211,6 @@ TEST(colTerminTage, TerminIsAValueThatNothingLooksAt) {
     EXPECT_EQ(script.Report(), "");
 }
 
-TEST(colTerminTage, ItemFindsByPositionAndKeyAndGivesNothingForAnUnknownKey) {
-    Script script;
-    ScriptList(script, 17, {{kMonday}, {kTuesday}});
-    const auto list = Listed(script.Session());
-    EXPECT_EQ(list->Item("000000001720100302"), list->Item(2));
-    EXPECT_EQ(list->Item(1.0)->Termin(), kMonday);
-    EXPECT_FALSE(list->Item("000000001720100303"));
-    EXPECT_FALSE(list->Item(""));
-    EXPECT_FALSE(list->Item("1")) << "a text is a key";
-    EXPECT_EQ(script.Report(), "");
-}
-
-TEST(colTerminTage, ItemRaisesForWhatIsNoPositionWithItsLabel) {
-    Script script;
-    ScriptList(script, 17, {{kMonday}});
-    const auto list = Listed(script.Session());
-    const struct {
-        Variant index;
-        Int32 number;
-    } cases[] = {{0, 9}, {2, 9}, {-1, 9}, {Variant(), 9}, {Variant::Null(), 94}, {list->Item(1), 13}};
-    for (const auto& c : cases) {
-        const auto error = RaisedBy([&] { return list->Item(c.index); });
-        ASSERT_TRUE(error) << c.index.TypeName();
-        EXPECT_EQ(error->Number(), c.number);
-        EXPECT_EQ(LabelsOf(error), Labels{kLabel + "Item"});
-    }
-}
-
 TEST(colTerminTage, AddFilesUnderThePresentKeyAndWritesNothing) {
     Script script;
     ScriptList(script, 17, {{kMonday}});
@@ -347,23 +266,6 @@ TEST(colTerminTage, RemoveByKeyLeavesTheOrderOfTheOthers) {
     EXPECT_EQ(KeysOf(list), (std::vector<Text>{"000000001720100302", "000000001720100303", "000000001720100301"}));
     list->Remove(1);
     EXPECT_EQ(KeysOf(list), (std::vector<Text>{"000000001720100303", "000000001720100301"}));
-    EXPECT_EQ(script.Report(), "");
-}
-
-TEST(colTerminTage, RemoveOfWhatIsNotListedRaisesAndDeletesNothing) {
-    Script script;
-    ScriptList(script, 17, {{kMonday}});
-    const auto list = Listed(script.Session());
-    const auto key = RaisedBy([&] { list->Remove("000000001720100302"); });
-    ASSERT_TRUE(key);
-    EXPECT_EQ(key->Number(), 5);
-    EXPECT_EQ(key->Description(),
-              "There is no entry under the key \"000000001720100302\" in the collection.\r\nLumoSeminar.colTerminTage.Remove");
-    const auto position = RaisedBy([&] { list->Remove(2); });
-    ASSERT_TRUE(position);
-    EXPECT_EQ(position->Number(), 9);
-    EXPECT_EQ(LabelsOf(position), Labels{kLabel + "Remove"});
-    EXPECT_EQ(list->Count(), 1);
     EXPECT_EQ(script.Report(), "");
 }
 
@@ -474,15 +376,6 @@ TEST(colTerminTage, ADayThatTheDatabaseTakesTwiceIsWrittenAndRefusedByTheList) {
     EXPECT_EQ(LabelsOf(error), (Labels{kLabel + "Add", kLabelOfNewTerminTag}));
     EXPECT_EQ(list->Count(), 1);
     EXPECT_EQ(script.Report(), "");
-}
-
-TEST(colTerminTage, AListFailsAsDocumentedAtEachStep) {
-    ExpectFailures(
-        [](Script& script) {
-            ScriptList(script, 17, {{kMonday}, {kTuesday}});
-        },
-        [](const Ref<DataSession>& session) { Listed(session); },
-        {{1, kNotOk, 9999, kLabelsOfALoad}, {1, kRaises, 7001, kLabelsOfALoad}, {2, kRaises, 7001, kLabelsOfALoad}});
 }
 
 TEST(colTerminTage, ARemoveFailsAsDocumentedAtEachStep) {

@@ -26,7 +26,6 @@ using Labels = std::vector<std::string>;
 
 // The list carries three spellings of its labels.
 const std::string kLabelOfAdd = " LumoSeminar.colTermine.Add";
-const std::string kLabelOfItem = " LumoSeminar.colTermine.Item";
 const std::string kLabelOfRemove = " LumoSeminar062.colTermine.Remove";
 const std::string kLists = " LumoSeminar062.clsSeminar.Teilnehmer";
 const std::string kParticipants = " LumoSeminar062.ColTeilnehmer.";
@@ -172,41 +171,6 @@ TEST(colTermine, AFilterWithoutItsAndGivesABrokenStatementAndInitIsFalse) {
     EXPECT_EQ(script.Report(), "");
 }
 
-TEST(colTermine, ListsTheDatesInTheOrderOfTheServerAndLeavesTheRowsOpen) {
-    Script script;
-    ScriptList(script, kThree);
-    const auto list = Listed(script.Session());
-    EXPECT_EQ(KeysOf(list), (std::vector<Text>{"0000000023", "0000000017", "0000000019"}));
-    EXPECT_EQ(script.RecordsetCalls(), 1);
-    EXPECT_EQ(script.Report(), "") << "a Close would be a call more";
-}
-
-TEST(colTermine, AClosedConnectionIsOpenedFirst) {
-    Script script;
-    script.AdoConnection().Closed();
-    script.ConnectionOpen().Ok();
-    script.OpenSelect(SelectOfClient(5)).Rows(kListColumns, kThree);
-    EXPECT_EQ(Listed(script.Session())->Count(), 3);
-    EXPECT_EQ(script.Report(), "");
-}
-
-TEST(colTermine, InitIsFalseAndKeepsNothingWhereTheConnectionStaysClosed) {
-    for (const bool empty : {true, false}) {
-        Script script;
-        if (empty) {
-            script.AdoConnection().Empty();
-        } else {
-            script.AdoConnection().Closed();
-            script.ConnectionOpen().StaysClosed();
-        }
-        colTermine list;
-        EXPECT_EQ(list.Init(-1, 5, script.Session()), false);
-        EXPECT_EQ(list.Count(), 0);
-        EXPECT_TRUE(script.SessionReleased());
-        EXPECT_EQ(script.Report(), "");
-    }
-}
-
 TEST(colTermine, ASecondInitOnAClosedConnectionLeavesTheListAsItWas) {
     Script script;
     Script closed;
@@ -221,25 +185,6 @@ TEST(colTermine, ASecondInitOnAClosedConnectionLeavesTheListAsItWas) {
     EXPECT_TRUE(list->Gruppen(1)) << "of the client and on the session that it had";
     EXPECT_TRUE(closed.SessionReleased());
     EXPECT_EQ(script.Report() + closed.Report(), "");
-}
-
-TEST(colTermine, InitIsFalseWithoutAnErrorWhereTheSelectIsRefused) {
-    Script script;
-    script.AdoConnection();
-    script.OpenSelect(SelectOfSeminar(3, 5)).Refused("Invalid object name 'Sem_Termin_IT'.");
-    colTermine list;
-    EXPECT_EQ(list.Init(3, 5, script.Session()), false);
-    EXPECT_EQ(list.Count(), 0);
-    EXPECT_EQ(script.LastErrorTextCalls(), 0);
-    EXPECT_EQ(script.Report(), "");
-}
-
-TEST(colTermine, InitWithAnEmptySessionRaises91WithItsLabel) {
-    colTermine list;
-    const auto error = RaisedBy([&] { return list.Init(-1, 5, nullptr); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 91);
-    EXPECT_EQ(LabelsOf(error), Labels{kLabelOfInit});
 }
 
 TEST(colTermine, ASecondInitStartsANewListAndAWalkOverTheOldOneGoesOn) {
@@ -259,57 +204,6 @@ TEST(colTermine, ASecondInitStartsANewListAndAWalkOverTheOldOneGoesOn) {
     EXPECT_EQ(KeysOf(list), std::vector<Text>{"0000000017"});
     EXPECT_NE(list->Item(1), first);
     EXPECT_EQ(script.Report(), "");
-}
-
-TEST(colTermine, ASecondInitThatIsRefusedLeavesAnEmptyList) {
-    Script script;
-    ScriptList(script, kThree);
-    script.AdoConnection();
-    script.OpenSelect(SelectOfClient(6)).Refused("time-out");
-    const auto list = Listed(script.Session());
-    EXPECT_EQ(list->Init(-1, 6, script.Session()), false);
-    EXPECT_EQ(list->Count(), 0);
-    EXPECT_EQ(script.Report(), "");
-}
-
-TEST(colTermine, ADateThatTheJoinYieldsTwiceRaises457WithTheLabelsOfTheLoaderAndOfInit) {
-    Script script;
-    script.AdoConnection();
-    script.OpenSelect(SelectOfParticipants(5, " AND ANNR = 100"))
-        .Rows(kListColumns, {{23, kMarch, "Führen", "FK-1"}, {17, kMarch, "Löten", "LÖ-1"}, {17, kMarch, "Löten", "LÖ-1"}});
-    colTermine list;
-    const auto error = RaisedBy([&] { return list.Init(-1, 5, script.Session(), " AND ANNR = 100", true); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 457);
-    EXPECT_EQ(error->Source(), "LumoSeminar");
-    EXPECT_EQ(error->Description(),
-              "The key \"0000000017\" is already in the collection.\r\n LumoSeminar062.clsColTermine.LoadKeysFromDatabase\r\n"
-              " LumoSeminar062.clsColTermine.Init");
-    EXPECT_EQ(list.Count(), 2) << "what came before it is listed";
-    EXPECT_EQ(script.Report(), "");
-}
-
-TEST(colTermine, AFieldThatDoesNotFitRaisesWithTheLabelsOfTheLoaderAndOfInit) {
-    const struct {
-        std::vector<Variant> row;
-        Int32 number;
-    } cases[] = {
-        {{kNull, kMarch, "Löten", "LÖ-1"}, 94},
-        {{"siebzehn", kMarch, "Löten", "LÖ-1"}, 13},
-        {{2147483648.0, kMarch, "Löten", "LÖ-1"}, 6},
-        {{17, "im März", "Löten", "LÖ-1"}, 13},
-    };
-    for (const auto& c : cases) {
-        Script script;
-        ScriptList(script, {{23, kMarch, "Führen", "FK-1"}, c.row});
-        colTermine list;
-        const auto error = RaisedBy([&] { return list.Init(-1, 5, script.Session()); });
-        ASSERT_TRUE(error) << c.number;
-        EXPECT_EQ(error->Number(), c.number);
-        EXPECT_EQ(LabelsOf(error), kLabelsOfALoad);
-        EXPECT_EQ(list.Count(), 1);
-        EXPECT_EQ(script.Report(), "");
-    }
 }
 
 // What the list shows of a date
@@ -397,34 +291,6 @@ TEST(colTermine, AWalkOverAnotherPropertyCostsOneStatementADate) {
 }
 
 // The list
-
-TEST(colTermine, ItemFindsByPositionAndKeyAndGivesNothingForAnUnknownKey) {
-    Script script;
-    ScriptList(script, kThree);
-    const auto list = Listed(script.Session());
-    EXPECT_EQ(list->Item("0000000017"), list->Item(2));
-    EXPECT_EQ(list->Item(Int16{3})->Code(false), "LÖ-2");
-    EXPECT_FALSE(list->Item("0000000018"));
-    EXPECT_FALSE(list->Item("17"));
-    EXPECT_FALSE(list->Item(""));
-    EXPECT_EQ(script.Report(), "");
-}
-
-TEST(colTermine, ItemRaisesForWhatIsNoPositionWithItsLabel) {
-    Script script;
-    ScriptList(script, kThree);
-    const auto list = Listed(script.Session());
-    const struct {
-        Variant index;
-        Int32 number;
-    } cases[] = {{0, 9}, {4, 9}, {-1, 9}, {Variant(), 9}, {kNull, 94}, {list->Item(1), 13}};
-    for (const auto& c : cases) {
-        const auto error = RaisedBy([&] { return list->Item(c.index); });
-        ASSERT_TRUE(error) << c.index.TypeName();
-        EXPECT_EQ(error->Number(), c.number);
-        EXPECT_EQ(LabelsOf(error), Labels{kLabelOfItem});
-    }
-}
 
 TEST(colTermine, AddFilesUnderThePresentKeyWritesNothingAndIsAlwaysFalse) {
     Script script;
@@ -529,54 +395,7 @@ TEST(colTermine, RemoveOfADateWhoseDeleteReportsFalseLeavesTheEntryAndIsFalse) {
     }
 }
 
-TEST(colTermine, RemoveOfAnUnknownKeyRaises91) {
-    Script script;
-    ScriptList(script, kThree);
-    const auto list = Listed(script.Session());
-    const auto error = RaisedBy([&] { return list->Remove("0000000018"); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 91);
-    EXPECT_EQ(LabelsOf(error), Labels{kLabelOfRemove});
-    EXPECT_EQ(script.Report(), "");
-}
-
-TEST(colTermine, RemoveOfAPositionOutOfRangeCarriesTheLabelsOfItemAndOfRemove) {
-    Script script;
-    ScriptList(script, kThree);
-    const auto list = Listed(script.Session());
-    const auto error = RaisedBy([&] { return list->Remove(4); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 9);
-    EXPECT_EQ(LabelsOf(error), (Labels{kLabelOfItem, kLabelOfRemove}));
-    EXPECT_EQ(script.Report(), "");
-}
-
 // Failures
-
-TEST(colTermine, AListFailsAsDocumentedAtEachStep) {
-    ExpectFailures([](Script& script) { ScriptList(script, kThree); },
-                   [](const Ref<DataSession>& session) { Listed(session); },
-                   {{1, kNotOk, 0, {}, {"Open of the connection"}},
-                    {2, kNotOk},
-                    {1, kRaises, 7001, {kLabelOfInit}},
-                    {2, kRaises, 7001, kLabelsOfALoad}});
-}
-
-TEST(colTermine, OpeningTheConnectionFailsAsDocumentedAtEachStep) {
-    ExpectFailures(
-        [](Script& script) {
-            script.AdoConnection().Closed();
-            script.ConnectionOpen().Ok();
-            script.OpenSelect(SelectOfSeminar(3, 5)).Rows(kListColumns, kThree);
-        },
-        [](const Ref<DataSession>& session) { colTermine().Init(3, 5, session); },
-        {{1, kNotOk, 0, {}, {"Open of the connection"}},
-         {2, kNotOk},
-         {3, kNotOk},
-         {1, kRaises, 7001, {kLabelOfInit}},
-         {2, kRaises, 7001, {"LumoSeminar.common.OpenADOConnection", kLabelOfInit}},
-         {3, kRaises, 7001, kLabelsOfALoad}});
-}
 
 TEST(colTermine, ARemoveFailsAsDocumentedAtEachStep) {
     const Labels in_delete = {kDate + "DeleteFromDatabase", kLabelOfRemove};

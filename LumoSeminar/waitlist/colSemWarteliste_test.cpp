@@ -117,18 +117,6 @@ TEST(colSemWarteliste, NumbersGoIntoTheConditionsAsTheyAre) {
     EXPECT_EQ(script.Report(), "");
 }
 
-TEST(colSemWarteliste, WithoutRowsTheListStaysEmptyAndTheResultIsEmpty) {
-    for (const Loader& loader : kLoaders) {
-        Script script;
-        ScriptList(script, loader.where);
-        ScriptList(script, loader.where);
-        colSemWarteliste list;
-        for (int i = 0; i < 2; ++i) EXPECT_TRUE(loader.load(list, script.Session()).IsEmpty());
-        EXPECT_EQ(list.Count(), 0);
-        EXPECT_EQ(script.Report(), "");
-    }
-}
-
 TEST(colSemWarteliste, ALetOfAListedEntryLoadsNothing) {
     for (const Property& property : Properties()) {
         Script script;
@@ -221,68 +209,6 @@ TEST(colSemWarteliste, ASecondLoadAddsToTheFirstAndRaises457AtTheFirstEntryThatI
     EXPECT_EQ(LabelsOf(error), kLabelsOfLoad);
     EXPECT_EQ(KeysOf(*list), (Keys{"7", "42", "43"}));
     EXPECT_EQ(script.Report(), "");
-}
-
-TEST(colSemWarteliste, EachLoaderTwiceRaises457AtTheFirstRow) {
-    for (const Loader& loader : kLoaders) {
-        Script script;
-        ScriptList(script, loader.where, {NullRow(42), NullRow(7)});
-        script.OpenSelect(SelectList(loader.where)).Rows(kColumns, {NullRow(42), NullRow(7)});
-        colSemWarteliste list;
-        loader.load(list, script.Session());
-        const auto error = RaisedBy([&] { return loader.load(list, script.Session()); });
-        ASSERT_TRUE(error) << loader.name;
-        EXPECT_EQ(error->Number(), 457);
-        EXPECT_EQ(list.Count(), 2);
-        EXPECT_EQ(script.Report(), "");
-    }
-}
-
-TEST(colSemWarteliste, AValueThatDoesNotFitRaisesWithTheLabelAndItsEntryIsNotListed) {
-    const struct {
-        std::size_t position;
-        Variant value;
-        Int32 number;
-    } cases[] = {{0, 2147483648.0, 6}, {1, 32768, 6}, {2, "fünf", 13}, {4, "gestern", 13},
-                 {5, -32769, 6},       {9, 256, 6},   {9, -256, 6},    {10, 1e9, 6}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.position);
-        Script script;
-        auto row = FullRow(43);
-        row[c.position] = c.value;
-        script.OpenSelect(SelectList()).Rows(kColumns, {FullRow(42), row, FullRow(44)});
-        colSemWarteliste list;
-        const auto error = RaisedBy([&] { return list.LoadListComplete(script.Session()); });
-        ASSERT_TRUE(error);
-        EXPECT_EQ(error->Number(), c.number);
-        EXPECT_EQ(LabelsOf(error), kLabelsOfLoad);
-        EXPECT_EQ(KeysOf(list), Keys{"42"});
-        EXPECT_EQ(script.Report(), "");
-    }
-}
-
-TEST(colSemWarteliste, ARefusedLoadRaises9999AndWhatWasListedStays) {
-    for (const Loader& loader : kLoaders) {
-        Script script;
-        const auto list = Loaded(script, {7});
-        script.OpenSelect(SelectList(loader.where)).Refused("Ungültiger Objektname 'Sem_Warteliste_IT'.");
-        const auto error = RaisedBy([&] { return loader.load(*list, script.Session()); });
-        ASSERT_TRUE(error) << loader.name;
-        EXPECT_EQ(error->Number(), 9999);
-        EXPECT_EQ(error->Source(), "LumoSeminar");
-        EXPECT_EQ(error->Description(), "in line: 0\r\nUngültiger Objektname 'Sem_Warteliste_IT'. in LumoSeminar.LoadList");
-        EXPECT_EQ(KeysOf(*list), Keys{"7"});
-        EXPECT_EQ(script.Report(), "");
-    }
-}
-
-TEST(colSemWarteliste, EachLoaderFailsAsDocumentedAtEachStep) {
-    for (const Loader& loader : kLoaders) {
-        ExpectFailures(
-            [&](Script& script) { ScriptList(script, loader.where, {FullRow()}); },
-            [&](const Ref<DataSession>& session) { loader.load(*New<colSemWarteliste>(), session); },
-            {{1, kNotOk, 9999, kLabelsOfLoad}, {1, kRaises, 7001, kLabelsOfLoad}, {2, kRaises, 7001, kLabelsOfLoad}});
-    }
 }
 
 TEST(colSemWarteliste, WhereTheRowsDoNotCloseTheListIsThereAllTheSame) {
@@ -394,61 +320,6 @@ TEST(colSemWarteliste, AnEntryStaysUnderTheKeyThatItWasFiledUnder) {
     entry->SemWartelisteID(8);
     EXPECT_EQ(list->Item("7"), entry);
     EXPECT_RAISES(5, list->Item("8"));
-}
-
-TEST(colSemWarteliste, ItemIsByPositionOrByKeyText) {
-    Script script;
-    const auto list = Loaded(script, {43, 7, 2});
-    EXPECT_EQ(list->Count(), 3);
-    EXPECT_EQ(list->Item(1)->Key(), "43");
-    EXPECT_EQ(list->Item(Int16{3})->Key(), "2");
-    EXPECT_EQ(list->Item(2.0)->Key(), "7");
-    EXPECT_EQ(list->Item("7"), list->Item(2));
-    EXPECT_EQ(list->Item("2"), list->Item(3));
-    EXPECT_EQ(script.Report(), "");
-}
-
-TEST(colSemWarteliste, RemoveTakesEntriesOutOfTheListAndNothingOutOfTheDatabase) {
-    Script script;
-    const auto list = Loaded(script, {43, 7, 2});
-    list->Remove("7");
-    EXPECT_EQ(KeysOf(*list), (Keys{"43", "2"}));
-    list->Remove(1);
-    EXPECT_EQ(KeysOf(*list), Keys{"2"});
-    EXPECT_EQ(list->Count(), 1);
-    EXPECT_EQ(script.Report(), "");
-    ScriptList(script, "", {NullRow(43), NullRow(7)});
-    list->LoadListComplete(script.Session());
-    EXPECT_EQ(KeysOf(*list), (Keys{"2", "43", "7"})) << "a load brings them back";
-    EXPECT_EQ(script.Report(), "");
-}
-
-TEST(colSemWarteliste, AMissingKeyRaises5AndAPositionOutsideRaises9WithoutALabel) {
-    Script script;
-    const auto list = Loaded(script, {7});
-    const std::pair<Variant, Int32> cases[] = {{"8", 5}, {"007", 5}, {"", 5}, {0, 9}, {2, 9}, {-1, 9}};
-    for (const auto& [key, number] : cases) {
-        const auto item = RaisedBy([&, missing = key] { return list->Item(missing); });
-        const auto remove = RaisedBy([&, missing = key] { return list->Remove(missing), 0; });
-        for (const auto& error : {item, remove}) {
-            ASSERT_TRUE(error);
-            EXPECT_EQ(error->Number(), number);
-            EXPECT_EQ(LabelsOf(error), Labels{});
-        }
-    }
-    EXPECT_EQ(list->Count(), 1);
-    EXPECT_EQ(script.Report(), "");
-}
-
-TEST(colSemWarteliste, AWalkMeetsEachEntryInOrderAndHoldsTheList) {
-    Script script;
-    auto list = Loaded(script, {43, 7, 2});
-    const auto walk = list->NewEnum();
-    list.Reset();
-    Keys keys;
-    for (const auto& entry : walk) keys.push_back(entry->Key());
-    EXPECT_EQ(keys, (Keys{"43", "7", "2"}));
-    EXPECT_EQ(script.Report(), "");
 }
 
 // The wait-list of a date
