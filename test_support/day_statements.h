@@ -1,7 +1,13 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <string>
 #include <vector>
+
+#include <LumoConnection/script/script_session.h>
+#include <LumoSeminar/scheduling/clsTerminTag.h>
+#include <LumoSeminar/scheduling/colTerminTage.h>
 
 /// For tests: the statements of the single days of a date as they are sent. Days are given as "dd.mm.yyyy", times as
 /// "hh:mm".
@@ -36,5 +42,17 @@ inline std::string DeleteDay(int date, const std::string& day) {
 
 inline const std::vector<std::string> kDayColumns = {"Termin"};
 inline const std::vector<std::string> kTimeColumns = {"BegUhr", "EndUhr"};
+
+/// A day bound to the session without a statement on it: a list on another session has made it.
+inline Ref<clsTerminTag> BoundDay(const Ref<DataSession>& session, DateTime day = DateTime::Of(2010, 3, 2), Int32 date = 17) {
+    LumoConnection::Script other;
+    other.OpenSelect(SelectDays(1)).Rows(kDayColumns, {{DateTime::Of(1999, 12, 31)}});
+    other.CloseRows();
+    colTerminTage list;
+    EXPECT_EQ(list.Init(1, other.Session()), true);
+    const auto made = list.Item(1);
+    EXPECT_EQ(made->Init(day, date, session), true);
+    return made;
+}
 
 }  // namespace LumoSeminar::day_statements

@@ -121,29 +121,6 @@ TEST(clsSemTerminSchwerpunkt, WithoutASessionEverythingIsEmptyOrFalse) {
     EXPECT_EQ(focus_area.DeleteFromDatabase(), false);
 }
 
-TEST(clsSemTerminSchwerpunkt, ReadsItsNameOnceAtTheFirstGet) {
-    Script script;
-    ScriptBound(script, 7, {{"Übung \"Erste Hilfe\""}});
-    const auto focus_area = Bound(script.Session(), 7);
-    EXPECT_EQ(focus_area->SchwerpunktID(), 7);
-    EXPECT_EQ(focus_area->WBS(), "Übung \"Erste Hilfe\"");
-    EXPECT_EQ(focus_area->SemTerminID(), 17);
-    EXPECT_EQ(script.RecordsetCalls(), 1);
-    EXPECT_EQ(script.Report(), "");
-}
-
-TEST(clsSemTerminSchwerpunkt, ALinkThatIsNotThereCountsAsReadAndHasNoName) {
-    for (const Rows& rows : {Rows{}, Rows{{Variant::Null()}}}) {
-        Script script;
-        ScriptBound(script, 7, rows);
-        const auto focus_area = Bound(script.Session(), 7);
-        EXPECT_EQ(focus_area->WBS(), "");
-        EXPECT_EQ(focus_area->WBS(), "");
-        EXPECT_EQ(focus_area->SchwerpunktID(), 7);
-        EXPECT_EQ(script.Report(), "");
-    }
-}
-
 TEST(clsSemTerminSchwerpunkt, WithSchwerpunktID0TheSelectIsSentAndItsRowNotLookedAt) {
     Script script;
     ScriptBound(script, 0, {{"Führung"}});
@@ -181,15 +158,12 @@ TEST(clsSemTerminSchwerpunkt, ALetOfTheNameLoadsFirstThoseOfTheKeysDoNot) {
     EXPECT_EQ(script.Report(), "");
 }
 
-TEST(clsSemTerminSchwerpunkt, WhateverLoadsCarriesItsLabel) {
+TEST(clsSemTerminSchwerpunkt, WhatWritesAndDeletesCarriesItsLabelWhereItLoads) {
     const struct {
         const char* label;
         std::function<void(clsSemTerminSchwerpunkt&)> call;
         Labels behind;
     } calls[] = {
-        {"SchwerpunktID --> GET", [](clsSemTerminSchwerpunkt& f) { f.SchwerpunktID(); }, {}},
-        {"WBS --> GET", [](clsSemTerminSchwerpunkt& f) { f.WBS(); }, {}},
-        {"WBS --> LET", [](clsSemTerminSchwerpunkt& f) { f.WBS("Führung"); }, {}},
         {"DeleteFromDatabase", [](clsSemTerminSchwerpunkt& f) { f.DeleteFromDatabase(); }, {}},
         {"WriteToDatabase", [](clsSemTerminSchwerpunkt& f) { f.WriteToDatabase(); }, {"ADO-Fehlermeldung: "}},
     };
@@ -253,16 +227,6 @@ TEST(clsSemTerminSchwerpunkt, ADeleteFailsAsDocumentedAtEachStep) {
          {1, kRaises, 7001, {kLabel + "Init"}},
          {2, kRaises, 7001, {kLabel + "PropertiesInit", kLabel + "DeleteFromDatabase"}},
          {3, kRaises, 7001, {kLabel + "DeleteFromDatabase"}}});
-}
-
-TEST(clsSemTerminSchwerpunkt, LetsGoOfItsSession) {
-    Script script;
-    script.AdoConnection();
-    {
-        const auto focus_area = Bound(script.Session(), 7);
-        EXPECT_FALSE(script.SessionReleased());
-    }
-    EXPECT_TRUE(script.SessionReleased());
 }
 
 /// The focus areas 7 and 9 of the date 17.

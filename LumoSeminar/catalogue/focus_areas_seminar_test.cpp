@@ -90,28 +90,6 @@ TEST(clsSemSchwerpunkt, InitWithAnEmptySessionRaises91WithItsLabel) {
     EXPECT_EQ(focus_area->Key(), "0000000007");
 }
 
-TEST(clsSemSchwerpunkt, ReadsItsNameOnceAtTheFirstGet) {
-    Script script;
-    ScriptList(script);
-    ScriptName(script, "Übung \"Erste Hilfe\"");
-    const auto focus_area = Bound(script.Session());
-    EXPECT_EQ(focus_area->SemID(), 5);
-    EXPECT_EQ(focus_area->SchwerpunktID(), 7);
-    EXPECT_EQ(focus_area->WBS(), "Übung \"Erste Hilfe\"");
-    EXPECT_EQ(script.RecordsetCalls(), 2);
-    EXPECT_EQ(script.Report(), "");
-}
-
-TEST(clsSemSchwerpunkt, ANameThatIsNullIsEmpty) {
-    Script script;
-    ScriptList(script);
-    ScriptName(script, Variant::Null());
-    const auto focus_area = Bound(script.Session());
-    EXPECT_EQ(focus_area->WBS(), "");
-    EXPECT_EQ(focus_area->SchwerpunktID(), 7);
-    EXPECT_EQ(script.Report(), "");
-}
-
 TEST(clsSemSchwerpunkt, LooksForAMissingRowAgainAtEachGetAndGivesEmptyValues) {
     Script script;
     ScriptList(script);
@@ -121,18 +99,6 @@ TEST(clsSemSchwerpunkt, LooksForAMissingRowAgainAtEachGetAndGivesEmptyValues) {
     EXPECT_EQ(focus_area->SchwerpunktID(), 0);
     EXPECT_EQ(focus_area->WBS(), "");
     EXPECT_EQ(focus_area->Key(), "0000000007");
-    EXPECT_EQ(script.Report(), "");
-}
-
-TEST(clsSemSchwerpunkt, ARefusedSelectIsSilentAndTriedAgain) {
-    Script script;
-    ScriptList(script);
-    script.OpenSelect(SelectOfSeminar(5, 7)).Refused("time-out");
-    ScriptName(script, "Führung");
-    const auto focus_area = Bound(script.Session());
-    EXPECT_EQ(focus_area->WBS(), "");
-    EXPECT_EQ(focus_area->WBS(), "Führung");
-    EXPECT_EQ(script.LastErrorTextCalls(), 0);
     EXPECT_EQ(script.Report(), "");
 }
 
@@ -150,32 +116,6 @@ TEST(clsSemSchwerpunkt, LetsBeforeTheFirstGetTurnTheLoadAndLoseTheName) {
     focus_area->WBS("Qualität");
     EXPECT_EQ(focus_area->WBS(), "Qualität");
     EXPECT_EQ(script.Report(), "");
-}
-
-TEST(clsSemSchwerpunkt, EveryGetCarriesItsLabel) {
-    const struct {
-        const char* name;
-        std::function<void(clsSemSchwerpunkt&)> get;
-    } gets[] = {
-        {"SemID", [](clsSemSchwerpunkt& f) { f.SemID(); }},
-        {"SchwerpunktID", [](clsSemSchwerpunkt& f) { f.SchwerpunktID(); }},
-        {"WBS", [](clsSemSchwerpunkt& f) { f.WBS(); }},
-    };
-    for (const auto& get : gets) {
-        SCOPED_TRACE(get.name);
-        Script script;
-        ScriptList(script);
-        script.OpenSelect(SelectOfSeminar(5, 7)).Raises(-2147467259, "Verbindung verloren", "Treiber");
-        const auto focus_area = Bound(script.Session());
-        const auto error = RaisedBy([&] {
-            get.get(*focus_area);
-            return 0;
-        });
-        ASSERT_TRUE(error);
-        EXPECT_EQ(error->Number(), -2147467259);
-        EXPECT_EQ(error->Source(), "Treiber");
-        EXPECT_EQ(LabelsOf(error), (Labels{kLabel + "PropertiesInit", kLabel + get.name + " --> GET"}));
-    }
 }
 
 TEST(clsSemSchwerpunkt, AWriteOfAnUnreadOneDoesNothing) {

@@ -186,49 +186,6 @@ TEST_F(clsTeilnehmerTest, ReadsItsRowOnceByPosition) {
     EXPECT_EQ(asked_, std::vector<std::string>{}) << "the row has an entry user";
 }
 
-TEST_F(clsTeilnehmerTest, TheFirstGetOfAnyPropertyLoadsAlsoThatOfTheKey) {
-    auto gets = All();
-    gets.push_back(PropertyOf<Int32>("TeilnehmerID", &clsTeilnehmer::TeilnehmerID, &clsTeilnehmer::TeilnehmerID, 7));
-    for (const auto& property : gets) {
-        SCOPED_TRACE(property.label);
-        Script script;
-        ScriptRecord(script);
-        const auto record = Bound(script.Session());
-        EXPECT_EQ(property.get(*record), property.full);
-        EXPECT_EQ(script.Report(), "");
-        ExpectValues(*record, gets, &Property::full);
-        EXPECT_EQ(script.Report(), "");
-    }
-}
-
-TEST_F(clsTeilnehmerTest, TheFirstLetOfAColumnLoadsSoThatItStays) {
-    for (const auto& let : Columns()) {
-        SCOPED_TRACE(let.label);
-        Script script;
-        ScriptRecord(script, {NullRow()});
-        const auto record = Bound(script.Session());
-        let.let(*record, let.full);
-        EXPECT_EQ(script.Report(), "");
-        for (const auto& property : All()) {
-            EXPECT_EQ(property.get(*record), property.label == let.label ? let.full : property.at_null) << property.label;
-        }
-        EXPECT_EQ(script.Report(), "");
-    }
-}
-
-TEST_F(clsTeilnehmerTest, TheLetOfLAIDDoesNotLoadAndIsLostToTheRowUnlikeItsNeighbours) {
-    Script script;
-    script.AdoConnection();
-    const auto record = Bound(script.Session());
-    record->LAID(9);
-    EXPECT_EQ(script.Report(), "");
-    script.OpenSelect(Select(7)).Rows(kColumns, {FullRow()});
-    EXPECT_EQ(record->LAID(), 67);
-    record->LAID(9);
-    EXPECT_EQ(record->LAID(), 9);
-    EXPECT_EQ(script.Report(), "");
-}
-
 TEST_F(clsTeilnehmerTest, TheLetOfTheKeyDoesNotLoadAndTheLoadTakesIt) {
     Script script;
     script.AdoConnection();
@@ -291,34 +248,6 @@ TEST_F(clsTeilnehmerTest, DoSendInfosIsTrueAtFirstCostsNothingAndSurvivesInitAnd
 }
 
 // What stands in for what the row has not.
-
-TEST_F(clsTeilnehmerTest, TakesTheDefaultsForDatabaseNulls) {
-    Script script;
-    ScriptRecord(script, {NullRow()});
-    const auto record = Bound(script.Session());
-    ExpectValues(*record, All(), &Property::at_null);
-    EXPECT_EQ(script.Report(), "");
-}
-
-TEST_F(clsTeilnehmerTest, EachNullHasItsDefaultWhereverItStands) {
-    const std::string labels[] = {"SemTerminID",  "MDNr",      "ANNr",       "BWID",        "LAID",
-                                  "ErfDatum",     "ErfUser",   "Teilnahme",  "Herkunft",    "BeginnDatum",
-                                  "BegUhrzeit",   "EndeDatum", "EndUhrzeit", "storniertam", "StornoGrund",
-                                  "StornoKosten", "Ergebnis",  "Bemerkung"};
-    for (std::size_t position = 0; position < 18; ++position) {
-        SCOPED_TRACE(labels[position]);
-        auto row = FullRow();
-        row[position] = Variant::Null();
-        Script script;
-        ScriptRecord(script, {row});
-        const auto record = Bound(script.Session());
-        for (const auto& property : All()) {
-            EXPECT_EQ(property.get(*record), property.label == labels[position] ? property.at_null : property.full)
-                << property.label;
-        }
-        EXPECT_EQ(script.Report(), "");
-    }
-}
 
 TEST_F(clsTeilnehmerTest, AZeroOrAnEmptyTextInTheRowIsNoNull) {
     Script script;
@@ -406,36 +335,6 @@ TEST_F(clsTeilnehmerTest, WithoutARowTheDateIsTakenFromALinkThatWasMadeBefore) {
 
 // Loads that fail.
 
-TEST_F(clsTeilnehmerTest, ARefusedLoadIsSilentLeavesZeroesAndIsNotTriedAgain) {
-    for (const auto& first : All()) {
-        SCOPED_TRACE(first.label);
-        Script script;
-        script.AdoConnection();
-        script.OpenSelect(Select(7)).Refused("time-out");
-        const auto record = Bound(script.Session());
-        EXPECT_EQ(first.get(*record), first.zero);
-        ExpectValues(*record, All(), &Property::zero);
-        LetAll(*record, &Property::full);
-        ExpectValues(*record, All(), &Property::full);
-        EXPECT_EQ(script.RecordsetCalls(), 0);
-        EXPECT_EQ(script.LastErrorTextCalls(), 0);
-        EXPECT_EQ(script.Report(), "");
-    }
-}
-
-TEST_F(clsTeilnehmerTest, ALetBehindARefusedLoadIsStored) {
-    for (const auto& property : Columns()) {
-        SCOPED_TRACE(property.label);
-        Script script;
-        script.AdoConnection();
-        script.OpenSelect(Select(7)).Refused("time-out");
-        const auto record = Bound(script.Session());
-        property.let(*record, property.full);
-        EXPECT_EQ(property.get(*record), property.full);
-        EXPECT_EQ(script.Report(), "");
-    }
-}
-
 TEST_F(clsTeilnehmerTest, BehindAnotherInitARefusedLoadLeavesTheFormerRow) {
     Script script;
     ScriptRecord(script);
@@ -447,30 +346,6 @@ TEST_F(clsTeilnehmerTest, BehindAnotherInitARefusedLoadLeavesTheFormerRow) {
     ExpectValues(*record, All(), &Property::full);
     EXPECT_EQ(record->NewStorno(), true);
     EXPECT_EQ(script.Report(), "");
-}
-
-TEST_F(clsTeilnehmerTest, AFieldThatDoesNotFitRaisesWithAllLabelsAndLeavesTheRecordUnread) {
-    const struct {
-        const char* column;
-        Variant value;
-        Int32 number;
-    } cases[] = {{"SemTerminID", "keine Zahl", 13}, {"Teilnahme", 32768, 6},      {"StornoKosten", -32769, 6},
-                 {"ErfDatum", 3000000, 6},          {"EndUhrzeit", "25 Uhr", 13}, {"Ergebnis", 2147483648.0, 6}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.column);
-        auto row = FullRow();
-        row[static_cast<std::size_t>(std::ranges::find(kColumns, c.column) - kColumns.begin())] = c.value;
-        Script script;
-        ScriptRecord(script, {row});
-        script.OpenSelect(Select(7)).Rows(kColumns, {FullRow()});
-        const auto record = Bound(script.Session());
-        const auto error = RaisedBy([&] { return record->Bemerkung(); });
-        ASSERT_TRUE(error);
-        EXPECT_EQ(error->Number(), c.number);
-        EXPECT_EQ(LabelsOf(error), (Labels{kLabelOfRow, kLabel + "PropertiesInit", kLabel + "Bemerkung -> Property GET"}));
-        ExpectValues(*record, All(), &Property::full);
-        EXPECT_EQ(script.Report(), "");
-    }
 }
 
 TEST_F(clsTeilnehmerTest, WithoutSessionDefaultsTheLoadOfANewRecordRaises429AndIsTriedAgain) {
@@ -489,29 +364,6 @@ TEST_F(clsTeilnehmerTest, WithoutSessionDefaultsTheLoadOfANewRecordRaises429AndI
 }
 
 // The labels.
-
-TEST_F(clsTeilnehmerTest, EveryGetCarriesItsLabel) {
-    auto gets = All();
-    gets.push_back(PropertyOf<Int32>("TeilnehmerID", &clsTeilnehmer::TeilnehmerID, &clsTeilnehmer::TeilnehmerID, 7));
-    for (const auto& property : gets) {
-        SCOPED_TRACE(property.label);
-        ExpectRecordFailures(
-            [](Script& script) { script.OpenSelect(Select(7)).Rows(kColumns, {FullRow()}); },
-            [&](clsTeilnehmer& record) { property.get(record); },
-            {{1, kNotOk}, {1, kRaises, 7001, {kLabel + "PropertiesInit", kLabel + property.label + " -> Property GET"}}});
-    }
-}
-
-TEST_F(clsTeilnehmerTest, EveryLetThatLoadsCarriesItsLabelAndThatOfTheDateTheOneOfTheClient) {
-    for (const auto& property : Columns()) {
-        SCOPED_TRACE(property.label);
-        ExpectRecordFailures(
-            [](Script& script) { script.OpenSelect(Select(7)).Rows(kColumns, {FullRow()}); },
-            [&](clsTeilnehmer& record) { property.let(record, property.full); },
-            {{1, kNotOk},
-             {1, kRaises, 7001, {kLabel + "PropertiesInit", kLabel + property.label_of_let + " -> Property LET"}}});
-    }
-}
 
 TEST_F(clsTeilnehmerTest, TheLabelsAreTheseTexts) {
     const struct {

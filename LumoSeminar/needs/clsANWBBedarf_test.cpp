@@ -96,40 +96,6 @@ TEST_F(clsANWBBedarfTest, TheConnectionStringIsOneForAllObjectsOfTheThread) {
 
 // The load.
 
-TEST_F(clsANWBBedarfTest, TheFirstGetReadsTheWholeRowOnceWhicheverItIs) {
-    for (const Property& first : Properties()) {
-        SCOPED_TRACE(first.name);
-        Script script;
-        script
-            .OpenSelect(
-                "Select WBID,MDNr,ANNr,WBS,erfDat,  erford,Erfuellt,erfUser,BedarfErfuellt,Bemerkungen  from "
-                "AN_WBBedarf_IT WHERE WBID = 7")
-            .Rows(kColumns, {FullRow()});
-        script.CloseRows();
-        const auto need = Bound(script.Session());
-        EXPECT_EQ(first.get(*need), first.full);
-        EXPECT_EQ(script.Report(), "");
-        ExpectValues(*need, &Property::full);
-        EXPECT_EQ(script.Report(), "") << "read once";
-        EXPECT_EQ(script.RecordsetCalls(), 1);
-    }
-}
-
-TEST_F(clsANWBBedarfTest, TheFirstLetReadsTheWholeRowOnceAndIsKept) {
-    for (const Property& changed : Properties()) {
-        SCOPED_TRACE(changed.name);
-        Script script;
-        ScriptLoad(script);
-        const auto need = Bound(script.Session());
-        changed.let(*need, changed.zero);
-        EXPECT_EQ(script.Report(), "");
-        for (const Property& read : Properties()) {
-            EXPECT_EQ(read.get(*need), read.name == changed.name ? read.zero : read.full) << read.name;
-        }
-        EXPECT_EQ(script.Report(), "") << "nothing is written";
-    }
-}
-
 TEST_F(clsANWBBedarfTest, NullsAreZeroesAndEmptyTexts) {
     Script script;
     ScriptLoad(script, {NullRow()});
@@ -155,30 +121,6 @@ TEST_F(clsANWBBedarfTest, TheStatusIsReadWithoutItsSign) {
     }
 }
 
-TEST_F(clsANWBBedarfTest, AValueThatDoesNotFitRaisesUnderTheLabelOfTheLoad) {
-    const struct {
-        std::size_t column;
-        Variant value;
-        Int32 number;
-    } cases[] = {{0, "sieben", 13},  {1, 2147483648.0, 6}, {2, "hundert", 13}, {3, "x", 13}, {4, "kein Datum", 13},
-                 {5, "gestern", 13}, {6, "bald", 13},      {8, 256, 6},        {8, -256, 6}, {8, "offen", 13}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.column);
-        Script script;
-        auto row = FullRow();
-        row[c.column] = c.value;
-        for (int i = 0; i < 2; ++i) script.OpenSelect(Select(7)).Rows(kColumns, {row});
-        const auto need = Bound(script.Session());
-        for (int i = 0; i < 2; ++i) {
-            const auto error = RaisedBy([&] { return need->Bemerkungen(); });
-            ASSERT_TRUE(error);
-            EXPECT_EQ(error->Number(), c.number);
-            EXPECT_EQ(LabelsOf(error), Labels{kLabelOfLoad});
-        }
-        EXPECT_EQ(script.Report(), "") << "it is tried again, and the row set is not closed";
-    }
-}
-
 TEST_F(clsANWBBedarfTest, ANeedWithoutARowIsEmptyKeepsWhatIsLetAndIsNotLookedForAgain) {
     Script script;
     ScriptLoad(script, {});
@@ -188,26 +130,6 @@ TEST_F(clsANWBBedarfTest, ANeedWithoutARowIsEmptyKeepsWhatIsLetAndIsNotLookedFor
     ExpectValues(*need, &Property::full);
     EXPECT_EQ(need->WBID(), 7);
     EXPECT_EQ(script.Report(), "");
-}
-
-TEST_F(clsANWBBedarfTest, ARefusedLoadRaises9999FromEveryGetAndLetAndIsTriedAgain) {
-    for (const Property& property : Properties()) {
-        SCOPED_TRACE(property.name);
-        Script script;
-        for (int i = 0; i < 2; ++i) script.OpenSelect(Select(7)).Refused("Die Leitung ist tot.");
-        ScriptLoad(script);
-        const auto need = Bound(script.Session());
-        const auto get = RaisedBy([&] { return property.get(*need); });
-        const auto let = RaisedBy([&] { return property.let(*need, property.zero), 0; });
-        for (const auto& error : {get, let}) {
-            ASSERT_TRUE(error);
-            EXPECT_EQ(error->Number(), 9999);
-            EXPECT_EQ(error->Source(), "LumoSeminar");
-            EXPECT_EQ(error->Description(), "in line: 0\r\nDie Leitung ist tot. in LumoSeminar.IsInitialized");
-        }
-        ExpectValues(*need, &Property::full);
-        EXPECT_EQ(script.Report(), "");
-    }
 }
 
 TEST_F(clsANWBBedarfTest, ANewKeyOrASecondInitDoesNotReadAgain) {
@@ -233,19 +155,6 @@ TEST_F(clsANWBBedarfTest, AKeyLetBeforeTheLoadIsTheOneThatIsRead) {
     need->WBID(8);
     EXPECT_EQ(need->ANNr(), 123);
     EXPECT_EQ(script.Report(), "");
-}
-
-TEST_F(clsANWBBedarfTest, EveryFailureOfALoadRaisesUnderItsLabel) {
-    for (const bool let : {false, true}) {
-        ExpectFailures(
-            [](Script& script) { ScriptLoad(script); },
-            [&](const Ref<DataSession>& session) {
-                const auto need = Bound(session);
-                if (let) need->WBS(5);
-                if (!let) need->WBS();
-            },
-            {{1, kNotOk, 9999, {kLabelOfLoad}}, {1, kRaises, 7001, {kLabelOfLoad}}, {2, kRaises, 7001, {kLabelOfLoad}}});
-    }
 }
 
 // The update.

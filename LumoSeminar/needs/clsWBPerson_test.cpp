@@ -30,7 +30,6 @@ using clsWBPersonTest = participant_statements::ParticipantTest;
 using Keys = std::vector<Text>;
 using History = Ref<Collection<clsTeilnehmer>>;
 
-const std::string kLoad = " in LumoSeminar.IsInitializedPerson";
 const Labels kLabelsOfHistory = {" in LumoSeminar.LoadWeiterbildungenPerson", " in LumoSeminar.colWeiterbildungen"};
 const std::string kParticipant = " LumoSeminar062.clsTeilnehmer.";
 const Variant kNull = Variant::Null();
@@ -283,67 +282,6 @@ TEST_F(clsWBPersonTest, NamesAndNumberAreReadInOneStatementByTheKind) {
     }
 }
 
-TEST_F(clsWBPersonTest, NullsAreEmptyTexts) {
-    Script script;
-    ScriptLoad(script, SelectApplicant(45), {{kNull, kNull, kNull}});
-    ExpectNames(*PersonOf(script.Session(), 3), "", "", "");
-    EXPECT_EQ(script.Report(), "");
-}
-
-TEST_F(clsWBPersonTest, APersonWithoutARowHasEmptyTextsAndIsNotLookedForAgain) {
-    for (const Kind& kind : Kinds()) {
-        Script script;
-        ScriptLoad(script, kind.select, {});
-        const auto person = PersonOf(script.Session(), kind.number);
-        for (int i = 0; i < 2; ++i) ExpectNames(*person, "", "", "");
-        EXPECT_EQ(person->PersonID(), 45);
-        EXPECT_EQ(script.Report(), "");
-    }
-}
-
-TEST_F(clsWBPersonTest, ALetLoadsFirstAndIsKeptWithAndWithoutARow) {
-    for (const bool has_row : {true, false}) {
-        for (const Name& name : kNames) {
-            Script script;
-            std::vector<std::vector<Variant>> rows;
-            if (has_row) rows.push_back(kLoeffler);
-            ScriptLoad(script, SelectEmployee(5, 45), rows);
-            const auto person = PersonOf(script.Session(), 2);
-            ((*person).*name.let)("Jörg's \"Ähre\"");
-            EXPECT_EQ(script.Report(), "") << "nothing is written";
-            for (const Name& read : kNames) {
-                const bool was_let = &read == &name;
-                EXPECT_EQ(((*person).*read.get)() == "Jörg's \"Ähre\"", was_let);
-                EXPECT_EQ(((*person).*read.get)().empty(), !was_let && !has_row);
-            }
-            EXPECT_EQ(script.Report(), "");
-        }
-    }
-}
-
-TEST_F(clsWBPersonTest, ARefusedLoadRaises9999FromEveryGetAndLetAndIsTriedAgain) {
-    for (const Kind& kind : Kinds()) {
-        for (const Name& name : kNames) {
-            Script script;
-            script.OpenSelect(kind.select).Refused("time-out");
-            script.OpenSelect(kind.select).Refused("time-out");
-            ScriptLoad(script, kind.select);
-            const auto person = PersonOf(script.Session(), kind.number);
-            const auto get = RaisedBy([&] { return ((*person).*name.get)(); });
-            const auto let = RaisedBy([&] { return ((*person).*name.let)("Ähre"), 0; });
-            for (const auto& error : {get, let}) {
-                ASSERT_TRUE(error);
-                EXPECT_EQ(error->Number(), 9999);
-                EXPECT_EQ(error->Source(), "LumoSeminar");
-                EXPECT_EQ(error->Description(), "in line: 0\r\ntime-out in LumoSeminar.IsInitializedPerson");
-            }
-            ExpectNames(*person, "Löffler", "Käthe \"Kät\"", "B-2010-ä");
-            EXPECT_EQ(script.RecordsetCalls(), 1);
-            EXPECT_EQ(script.Report(), "");
-        }
-    }
-}
-
 TEST_F(clsWBPersonTest, KeysLetBeforeTheLoadCountAndKeysLetBehindItChangeNeitherNamesNorHistory) {
     Script script;
     ScriptLoad(script, SelectEmployee(6, 99));
@@ -554,16 +492,6 @@ TEST_F(clsWBPersonTest, AKeyThatDoesNotFitRaisesUnderBothLabels) {
 }
 
 // Failures
-
-TEST_F(clsWBPersonTest, EveryFailureOfALoadRaisesUnderItsLabel) {
-    for (const Kind& kind : Kinds()) {
-        for (const Name& name : kNames) {
-            ExpectFailures([&](Script& script) { ScriptLoad(script, kind.select); },
-                           [&](const Ref<DataSession>& session) { ((*PersonOf(session, kind.number)).*name.get)(); },
-                           {{1, kNotOk, 9999, {kLoad}}, {1, kRaises, 7001, {kLoad}}, {2, kRaises, 7001, {kLoad}}});
-        }
-    }
-}
 
 TEST_F(clsWBPersonTest, EveryFailureOfAHistoryIsSilentOrRaisesUnderItsLabels) {
     const std::string open = "Open of the connection";

@@ -32,18 +32,6 @@ std::vector<Variant> PlainValuesOf(clsSerie& s) {
 
 std::vector<Variant> PlainPartOf(const std::vector<Variant>& row) { return {row.begin() + 3, row.end()}; }
 
-const std::vector<Variant> kPlainZeroes = {Byte{0},  0,        Int16{0}, Int16{0}, Int16{0},
-                                           Int16{0}, Int16{0}, Int16{0}, Int16{0}};
-
-const struct {
-    const char* name;
-    void (*get)(clsSerie&);
-} kLoadingGets[] = {
-    {"BeginnUhrzeit", [](clsSerie& s) { s.BeginnUhrzeit(); }},
-    {"EndeUhrzeit", [](clsSerie& s) { s.EndeUhrzeit(); }},
-    {"Tagefolge", [](clsSerie& s) { s.Tagefolge(); }},
-};
-
 TEST(clsSerie, InitBindsWithoutAStatement) {
     Script script;
     const auto series = Bound(script.Session(), 5);
@@ -88,28 +76,6 @@ TEST(clsSerie, KeyHasTenDigits) {
     EXPECT_EQ(Bound(script.Session(), -1)->Key(), "-0000000001");
 }
 
-TEST(clsSerie, ReadsItsRowOnceAtTheFirstOfTheThreeGetsThatLoad) {
-    for (const auto& first : kLoadingGets) {
-        SCOPED_TRACE(first.name);
-        Script script;
-        ScriptLoad(script, 5, {FullRow()});
-        const auto series = Bound(script.Session(), 5);
-        first.get(*series);
-        EXPECT_EQ(ValuesOf(*series), FullRow());
-        EXPECT_EQ(ValuesOf(*series), FullRow());
-        EXPECT_EQ(script.Report(), "");
-        EXPECT_EQ(script.RecordsetCalls(), 1);
-    }
-}
-
-TEST(clsSerie, TheKeyRhythmAndWeekdaysAreReadWithoutALoadAndAreZeroBeforeOne) {
-    Script script;
-    const auto series = Bound(script.Session(), 5);
-    EXPECT_EQ(series->SerienID(), 5);
-    EXPECT_EQ(PlainValuesOf(*series), kPlainZeroes);
-    EXPECT_EQ(script.Report(), "");
-}
-
 TEST(clsSerie, TheKeyRhythmAndWeekdaysAreLetAndReadBackWithoutASession) {
     clsSerie series;
     LetFull(series);
@@ -117,17 +83,6 @@ TEST(clsSerie, TheKeyRhythmAndWeekdaysAreLetAndReadBackWithoutASession) {
     series.SerienID(7);
     EXPECT_EQ(series.SerienID(), 7);
     EXPECT_EQ(series.Key(), "0000000007");
-}
-
-TEST(clsSerie, TakesTheDefaultsForDatabaseNulls) {
-    Script script;
-    ScriptLoad(script, 5, {NullRow()});
-    const auto series = Bound(script.Session(), 5);
-    LetFull(*series);
-    const std::vector<Variant> defaults = {DateTime(), DateTime(), Byte{1},  Byte{1},  0,        Int16{0},
-                                           Int16{0},   Int16{0},   Int16{0}, Int16{0}, Int16{0}, Int16{0}};
-    EXPECT_EQ(ValuesOf(*series), defaults);
-    EXPECT_EQ(script.Report(), "");
 }
 
 TEST(clsSerie, LooksForAMissingRowAgainAtEachLoadingGetAndGivesZeroInPlaceOfTheDefaults) {
@@ -141,38 +96,6 @@ TEST(clsSerie, LooksForAMissingRowAgainAtEachLoadingGetAndGivesZeroInPlaceOfTheD
         EXPECT_EQ(series->Tagefolge(), 0);
         EXPECT_EQ(PlainValuesOf(*series), PlainPartOf(FullRow())) << "what was let stays";
     }
-    EXPECT_EQ(script.Report(), "");
-}
-
-TEST(clsSerie, ARefusedSelectIsSilentAndTriedAgain) {
-    Script script;
-    script.OpenSelect(Select(5)).Refused("time-out");
-    ScriptLoad(script, 5, {FullRow()});
-    const auto series = Bound(script.Session(), 5);
-    EXPECT_EQ(series->Tagefolge(), 0);
-    EXPECT_EQ(series->Tagefolge(), 2);
-    EXPECT_EQ(script.LastErrorTextCalls(), 0);
-    EXPECT_EQ(script.Report(), "");
-}
-
-TEST(clsSerie, LetsBeforeTheFirstLoadAreLostToIt) {
-    Script script;
-    ScriptLoad(script, 5, {NullRow()});
-    const auto series = Bound(script.Session(), 5);
-    LetFull(*series);
-    EXPECT_EQ(series->Tagefolge(), 1);
-    EXPECT_EQ(series->Woche(), 0);
-    EXPECT_EQ(series->Sonntag(), 0);
-    EXPECT_EQ(script.Report(), "");
-}
-
-TEST(clsSerie, LetsBehindTheLoadStay) {
-    Script script;
-    ScriptLoad(script, 5, {NullRow()});
-    const auto series = Bound(script.Session(), 5);
-    EXPECT_EQ(series->Tagefolge(), 1);
-    LetFull(*series);
-    EXPECT_EQ(ValuesOf(*series), FullRow());
     EXPECT_EQ(script.Report(), "");
 }
 
@@ -209,26 +132,6 @@ TEST(clsSerie, AFieldThatDoesNotFitRaisesWithAllLabelsAndTheFieldsBeforeItAreTak
         EXPECT_EQ(series->Taeglich(), c.position > 3 ? 3 : 0);
         EXPECT_EQ(series->Samstag(), c.position > 10 ? 3 : 0);
         EXPECT_EQ(script.Report(), "");
-    }
-}
-
-TEST(clsSerie, ALoadWhoseCloseRaisesIsALoadAllTheSame) {
-    Script script;
-    script.OpenSelect(Select(5)).Rows(kColumns, {FullRow()});
-    script.CloseRows().Raises(3704, "closed already");
-    const auto series = Bound(script.Session(), 5);
-    EXPECT_RAISES(3704, series->Tagefolge());
-    EXPECT_EQ(ValuesOf(*series), FullRow());
-    EXPECT_EQ(script.Report(), "");
-}
-
-TEST(clsSerie, EveryGetThatLoadsCarriesItsLabel) {
-    for (const auto& get : kLoadingGets) {
-        SCOPED_TRACE(get.name);
-        const Labels labels = {kOddLabel + "PropertiesInit", kLabel + get.name};
-        ExpectFailures([](Script& script) { ScriptLoad(script, 5, {FullRow()}); },
-                       [&](const Ref<DataSession>& session) { get.get(*Bound(session, 5)); },
-                       {{1, kNotOk}, {1, kRaises, 7001, labels}, {2, kRaises, 7001, labels}});
     }
 }
 
@@ -332,15 +235,6 @@ TEST(clsSerie, UpdatePropertyFromAnEmptyReferenceRaises91) {
     ASSERT_TRUE(error);
     EXPECT_EQ(error->Number(), 91);
     EXPECT_EQ(LabelsOf(error), Labels{kOddLabel + "UpdateProperty"});
-}
-
-TEST(clsSerie, LetsGoOfItsSession) {
-    Script script;
-    {
-        const auto series = Bound(script.Session(), 5);
-        EXPECT_FALSE(script.SessionReleased());
-    }
-    EXPECT_TRUE(script.SessionReleased());
 }
 
 TEST(clsSerie, WhatNeedsASessionRaises91WithItsLabelsOnAnUnboundSeries) {

@@ -19,7 +19,6 @@ using LumoConnection::Script;
 using test_support::ExpectFailures;
 using test_support::kNotOk;
 using test_support::kRaises;
-using test_support::LabelsOf;
 using test_support::RaisedBy;
 
 using Labels = std::vector<std::string>;
@@ -32,18 +31,6 @@ const DateTime kDay = DateTime::Of(2010, 3, 2);
 const std::string kDayText = "02.03.2010";
 
 static_assert(!std::is_default_constructible_v<clsTerminTag>, "only a list of days makes days");
-
-/// A day bound to the session without a statement on it: a list on another session has made it.
-Ref<clsTerminTag> Bound(const Ref<DataSession>& session, DateTime day = kDay, Int32 date = 17) {
-    Script other;
-    other.OpenSelect(SelectDays(1)).Rows(kDayColumns, {{DateTime::Of(1999, 12, 31)}});
-    other.CloseRows();
-    colTerminTage list;
-    EXPECT_EQ(list.Init(1, other.Session()), true);
-    const auto made = list.Item(1);
-    EXPECT_EQ(made->Init(day, date, session), true);
-    return made;
-}
 
 void ScriptTimes(Script& script, const std::vector<std::vector<Variant>>& rows) {
     script.OpenSelect(SelectTimes(17, kDayText)).Rows(kTimeColumns, rows);
@@ -64,14 +51,14 @@ TEST(clsTerminTag, KeyIsTheDateInTenDigitsAndTheDayInEight) {
     };
     for (const auto& c : cases) {
         Script script;
-        EXPECT_EQ(Bound(script.Session(), c.day, c.date)->Key(), c.key);
+        EXPECT_EQ(BoundDay(script.Session(), c.day, c.date)->Key(), c.key);
         EXPECT_EQ(script.Report(), "");
     }
 }
 
 TEST(clsTerminTag, InitBindsWithoutAStatement) {
     Script script;
-    const auto day = Bound(script.Session());
+    const auto day = BoundDay(script.Session());
     EXPECT_EQ(day->Termin(), kDay);
     EXPECT_EQ(day->SemTerminID(), 17);
     EXPECT_FALSE(script.SessionReleased());
@@ -81,7 +68,7 @@ TEST(clsTerminTag, InitBindsWithoutAStatement) {
 TEST(clsTerminTag, InitWithAnEmptySessionIsFalseAndKeepsNothing) {
     Script script;
     ScriptTimes(script, {{DateTime::TimeOfDay(8, 0), DateTime::TimeOfDay(16, 0)}});
-    const auto day = Bound(script.Session());
+    const auto day = BoundDay(script.Session());
     EXPECT_EQ(day->Init(DateTime::Of(2011, 1, 1), 18, nullptr), false);
     EXPECT_EQ(day->Key(), "000000001720100302");
     EXPECT_EQ(day->BegUhr(), DateTime::TimeOfDay(8, 0)) << "bound to the session it had";
@@ -90,7 +77,7 @@ TEST(clsTerminTag, InitWithAnEmptySessionIsFalseAndKeepsNothing) {
 
 TEST(clsTerminTag, LetsOfDateAndDayStoreAndChangeTheKey) {
     Script script;
-    const auto day = Bound(script.Session());
+    const auto day = BoundDay(script.Session());
     day->SemTerminID(18);
     day->Termin(DateTime::Of(2010, 3, 4));
     EXPECT_EQ(day->SemTerminID(), 18);
@@ -99,46 +86,11 @@ TEST(clsTerminTag, LetsOfDateAndDayStoreAndChangeTheKey) {
     EXPECT_EQ(script.Report(), "");
 }
 
-TEST(clsTerminTag, ReadsItsTimesOnceAndClosesTheRows) {
-    Script script;
-    script
-        .OpenSelect(
-            "SELECT  BegUhr, EndUhr  FROM Sem_Termin_Termine_IT  WHERE Termin = convert(datetime,'02.03.2010',104)  "
-            "AND SemTerminID = 17")
-        .Rows({"BegUhr", "EndUhr"}, {{DateTime::TimeOfDay(8, 30), DateTime::TimeOfDay(16, 45)}});
-    script.CloseRows();
-    const auto day = Bound(script.Session());
-    EXPECT_EQ(day->BegUhr(), DateTime::TimeOfDay(8, 30));
-    EXPECT_EQ(day->EndUhr(), DateTime::TimeOfDay(16, 45));
-    EXPECT_EQ(day->BegUhr(), DateTime::TimeOfDay(8, 30));
-    EXPECT_EQ(script.RecordsetCalls(), 1);
-    EXPECT_EQ(script.Report(), "");
-}
-
-TEST(clsTerminTag, TheGetOfTheEndLoadsAsWell) {
-    Script script;
-    ScriptTimes(script, {{DateTime::TimeOfDay(8, 30), DateTime::TimeOfDay(16, 45)}});
-    const auto day = Bound(script.Session());
-    EXPECT_EQ(day->EndUhr(), DateTime::TimeOfDay(16, 45));
-    EXPECT_EQ(day->BegUhr(), DateTime::TimeOfDay(8, 30));
-    EXPECT_EQ(script.Report(), "");
-}
-
-TEST(clsTerminTag, TimesThatAreNullAre0AndCountAsRead) {
-    Script script;
-    ScriptTimes(script, {{Variant::Null(), Variant::Null()}});
-    const auto day = Bound(script.Session());
-    day->BegUhr(DateTime::TimeOfDay(8, 0));
-    EXPECT_EQ(day->BegUhr(), DateTime());
-    EXPECT_EQ(day->EndUhr(), DateTime());
-    EXPECT_EQ(script.Report(), "");
-}
-
 TEST(clsTerminTag, LooksForAMissingRowAgainAtEachGetAndGives0) {
     Script script;
     for (int i = 0; i < 3; ++i) ScriptTimes(script, {});
     ScriptTimes(script, {{DateTime::TimeOfDay(8, 30), DateTime::TimeOfDay(16, 45)}});
-    const auto day = Bound(script.Session());
+    const auto day = BoundDay(script.Session());
     EXPECT_EQ(day->BegUhr(), DateTime());
     EXPECT_EQ(day->EndUhr(), DateTime());
     day->BegUhr(DateTime::TimeOfDay(8, 0));
@@ -147,51 +99,11 @@ TEST(clsTerminTag, LooksForAMissingRowAgainAtEachGetAndGives0) {
     EXPECT_EQ(script.Report(), "");
 }
 
-TEST(clsTerminTag, ARefusedSelectIsSilentAndTriedAgain) {
-    Script script;
-    script.OpenSelect(SelectTimes(17, kDayText)).Refused("time-out");
-    ScriptTimes(script, {{DateTime::TimeOfDay(8, 30), DateTime::TimeOfDay(16, 45)}});
-    const auto day = Bound(script.Session());
-    EXPECT_EQ(day->BegUhr(), DateTime());
-    EXPECT_EQ(day->BegUhr(), DateTime::TimeOfDay(8, 30));
-    EXPECT_EQ(script.LastErrorTextCalls(), 0);
-    EXPECT_EQ(script.Report(), "");
-}
-
-TEST(clsTerminTag, AFieldThatIsNoTimeRaisesWithAllLabels) {
-    for (const bool begin : {true, false}) {
-        Script script;
-        script.OpenSelect(SelectTimes(17, kDayText))
-            .Rows(kTimeColumns,
-                  {{begin ? Variant("vormittags") : Variant::Null(), begin ? Variant::Null() : Variant("mittags")}});
-        const auto day = Bound(script.Session());
-        const auto error = RaisedBy([&] { return begin ? day->BegUhr() : day->EndUhr(); });
-        ASSERT_TRUE(error);
-        EXPECT_EQ(error->Number(), 13);
-        EXPECT_EQ(error->Source(), "LumoSeminar");
-        EXPECT_EQ(LabelsOf(error), (Labels{kLUmo + "InitPropertiesByRecordset", kLUmo + "PropertiesInit",
-                                           kLumo + (begin ? "BegUhr" : "EndUhr")}));
-    }
-}
-
-TEST(clsTerminTag, LetsBeforeTheFirstGetAreLostToTheLoadAndLaterOnesStay) {
-    Script script;
-    ScriptTimes(script, {{DateTime::TimeOfDay(8, 30), DateTime::TimeOfDay(16, 45)}});
-    const auto day = Bound(script.Session());
-    day->BegUhr(DateTime::TimeOfDay(7, 0));
-    day->EndUhr(DateTime::TimeOfDay(12, 0));
-    EXPECT_EQ(day->BegUhr(), DateTime::TimeOfDay(8, 30));
-    day->BegUhr(DateTime::TimeOfDay(9, 15));
-    EXPECT_EQ(day->BegUhr(), DateTime::TimeOfDay(9, 15));
-    EXPECT_EQ(day->EndUhr(), DateTime::TimeOfDay(16, 45));
-    EXPECT_EQ(script.Report(), "");
-}
-
 TEST(clsTerminTag, AnotherDayOnALoadedObjectDoesNotLoadAgain) {
     Script script;
     ScriptTimes(script, {{DateTime::TimeOfDay(8, 30), DateTime::TimeOfDay(16, 45)}});
     script.ExecuteSql(InsertDay(18, "04.03.2010", "08:30", "16:45"));
-    const auto day = Bound(script.Session());
+    const auto day = BoundDay(script.Session());
     EXPECT_EQ(day->BegUhr(), DateTime::TimeOfDay(8, 30));
     EXPECT_EQ(day->Init(DateTime::Of(2010, 3, 3), 18, script.Session()), true);
     day->Termin(DateTime::Of(2010, 3, 4));
@@ -206,7 +118,7 @@ TEST(clsTerminTag, WriteInsertsWithoutALoad) {
         "Insert Into Sem_Termin_Termine_IT (  SemTerminID, Termin, BegUhr, EndUhr ) Values ( 17,"
         "convert(datetime,'02.03.2010',104),Convert(Datetime,'30.12.1899 08:30',104), "
         "Convert(Datetime,'30.12.1899 16:45',104) )");
-    const auto day = Bound(script.Session());
+    const auto day = BoundDay(script.Session());
     day->BegUhr(DateTime::TimeOfDay(8, 30));
     day->EndUhr(DateTime::TimeOfDay(16, 45));
     EXPECT_EQ(day->WriteToDatabase(), true);
@@ -218,7 +130,7 @@ TEST(clsTerminTag, ADayWrittenIsReadAnewAtTheNextGet) {
     Script script;
     script.ExecuteSql(InsertDay(17, kDayText, "08:30", "00:00"));
     ScriptTimes(script, {{DateTime::TimeOfDay(8, 31), DateTime::TimeOfDay(0, 1)}});
-    const auto day = Bound(script.Session());
+    const auto day = BoundDay(script.Session());
     day->BegUhr(DateTime::TimeOfDay(8, 30));
     day->WriteToDatabase();
     EXPECT_EQ(day->BegUhr(), DateTime::TimeOfDay(8, 31));
@@ -230,7 +142,7 @@ TEST(clsTerminTag, WriteAlwaysInsertsAlsoAfterALoad) {
     Script script;
     ScriptTimes(script, {{DateTime::TimeOfDay(8, 30), DateTime::TimeOfDay(16, 45)}});
     script.ExecuteSql(InsertDay(17, kDayText, "08:30", "16:45")).Refused("Violation of PRIMARY KEY constraint");
-    const auto day = Bound(script.Session());
+    const auto day = BoundDay(script.Session());
     EXPECT_EQ(day->BegUhr(), DateTime::TimeOfDay(8, 30));
     EXPECT_RAISES(9999, day->WriteToDatabase());
     EXPECT_EQ(script.Report(), "");
@@ -254,7 +166,7 @@ TEST(clsTerminTag, TimesAreWrittenOnThe24HourClockCutToMinutesAnd0As0000) {
         Script script;
         script.ExecuteSql(InsertDay(17, kDayText, c.text, c.text));
         script.ExecuteSql(UpdateDay(17, kDayText, c.text, c.text));
-        const auto day = Bound(script.Session());
+        const auto day = BoundDay(script.Session());
         day->BegUhr(c.time);
         day->EndUhr(c.time);
         EXPECT_EQ(day->WriteToDatabase(), true);
@@ -281,7 +193,7 @@ TEST(clsTerminTag, DaysAreWrittenAsDaysInAllStatements) {
         script.ExecuteSql(DeleteDay(0, c.text));
         script.OpenSelect(SelectTimes(0, c.text)).Rows(kTimeColumns);
         script.CloseRows();
-        const auto day = Bound(script.Session(), c.day, 0);
+        const auto day = BoundDay(script.Session(), c.day, 0);
         EXPECT_EQ(day->WriteToDatabase(), true);
         EXPECT_EQ(day->UpdateDatabase(), true);
         EXPECT_EQ(day->RemoveTerminTag(), true);
@@ -297,7 +209,7 @@ TEST(clsTerminTag, AnUpdateWritesBothTimes) {
         "Update Sem_Termin_Termine_IT   Set BegUhr = Convert(Datetime,'30.12.1899 10:00',104)  , "
         "EndUhr = Convert(Datetime,'30.12.1899 16:45',104) From Sem_Termin_Termine_IT  "
         "Where SemTerminID = 17 AND Termin = Convert(datetime,'02.03.2010',104) ");
-    const auto day = Bound(script.Session());
+    const auto day = BoundDay(script.Session());
     EXPECT_EQ(day->BegUhr(), DateTime::TimeOfDay(8, 30));
     day->BegUhr(DateTime::TimeOfDay(10, 0));
     EXPECT_EQ(day->UpdateDatabase(), true);
@@ -308,7 +220,7 @@ TEST(clsTerminTag, AnUpdateWritesBothTimes) {
 TEST(clsTerminTag, AnUpdateOfADayThatWasNeverReadIsSentAndOverwritesTheTimeThatWasNotLet) {
     Script script;
     script.ExecuteSql(UpdateDay(17, kDayText, "10:00", "00:00"));
-    const auto day = Bound(script.Session());
+    const auto day = BoundDay(script.Session());
     day->BegUhr(DateTime::TimeOfDay(10, 0));
     EXPECT_EQ(day->UpdateDatabase(), true);
     EXPECT_EQ(script.Report(), "");
@@ -318,7 +230,7 @@ TEST(clsTerminTag, AnUpdateOfADayWithoutARowSucceeds) {
     Script script;
     ScriptTimes(script, {});
     script.ExecuteSql(UpdateDay(17, kDayText, "10:00", "11:00")).Ok();
-    const auto day = Bound(script.Session());
+    const auto day = BoundDay(script.Session());
     EXPECT_EQ(day->BegUhr(), DateTime());
     day->BegUhr(DateTime::TimeOfDay(10, 0));
     day->EndUhr(DateTime::TimeOfDay(11, 0));
@@ -329,7 +241,7 @@ TEST(clsTerminTag, AnUpdateOfADayWithoutARowSucceeds) {
 TEST(clsTerminTag, RemoveDeletesTheRowWithoutALoad) {
     Script script;
     script.ExecuteSql("Delete From Sem_Termin_Termine_IT  WHERE SemTerminID = 17 AND Termin = convert(datetime,'02.03.2010',104)");
-    const auto day = Bound(script.Session());
+    const auto day = BoundDay(script.Session());
     EXPECT_EQ(day->RemoveTerminTag(), true);
     EXPECT_EQ(day->Key(), "000000001720100302");
     EXPECT_EQ(script.Report(), "");
@@ -358,47 +270,17 @@ TEST(clsTerminTag, WhatWritesFailsAsDocumentedWithTheTextOfTheSession) {
     for (const auto& c : cases) {
         SCOPED_TRACE(c.statement);
         ExpectFailures([&](Script& script) { script.ExecuteSql(c.statement); },
-                       [&](const Ref<DataSession>& session) { c.run(*Bound(session)); },
+                       [&](const Ref<DataSession>& session) { c.run(*BoundDay(session)); },
                        {{1, kNotOk, 9999, c.labels}, {1, kRaises, 7001, c.labels}});
         Script script;
         script.ExecuteSql(c.statement).Refused("Doppelter Schlüssel.");
-        const auto day = Bound(script.Session());
+        const auto day = BoundDay(script.Session());
         const auto error = RaisedBy([&] { c.run(*day); });
         ASSERT_TRUE(error);
         EXPECT_EQ(error->Description(), c.description);
         EXPECT_EQ(script.LastErrorTextCalls(), 1);
         EXPECT_EQ(script.Report(), "");
     }
-}
-
-TEST(clsTerminTag, AGetFailsAsDocumentedAtEachStep) {
-    const struct {
-        const char* name;
-        std::function<void(clsTerminTag&)> get;
-    } gets[] = {
-        {"BegUhr", [](clsTerminTag& day) { day.BegUhr(); }},
-        {"EndUhr", [](clsTerminTag& day) { day.EndUhr(); }},
-    };
-    for (const auto& get : gets) {
-        SCOPED_TRACE(get.name);
-        const Labels labels = {kLUmo + "PropertiesInit", kLumo + get.name};
-        ExpectFailures(
-            [](Script& script) {
-                ScriptTimes(script, {{DateTime(), DateTime()}});
-            },
-            [&](const Ref<DataSession>& session) { get.get(*Bound(session)); },
-            {{1, kNotOk}, {1, kRaises, 7001, labels}, {2, kRaises, 7001, labels}});
-    }
-}
-
-TEST(clsTerminTag, LetsGoOfItsSession) {
-    Script script;
-    ScriptTimes(script, {{DateTime(), DateTime()}});
-    auto day = Bound(script.Session());
-    day->BegUhr();
-    EXPECT_FALSE(script.SessionReleased());
-    day.Reset();
-    EXPECT_TRUE(script.SessionReleased());
 }
 
 }  // namespace

@@ -70,45 +70,6 @@ TEST(clsTermin, TheKeyTextHasTenDigitsAndDoesNotLoad) {
 
 // The load.
 
-TEST(clsTermin, ReadsItsRowOnce) {
-    Script script;
-    script.OpenSelect(Select(17)).Rows(kColumns, {FullRow()});
-    const auto date = Bound(script.Session(), 17);
-    ExpectValues(*date, All(17), &Property::full);
-    EXPECT_EQ(date->StatusBezLang(), "Storniert");
-    EXPECT_EQ(date->StatusBezKurz(), "ST");
-    EXPECT_EQ(script.RecordsetCalls(), 1);
-    EXPECT_EQ(script.Report(), "");
-}
-
-TEST(clsTermin, TheFirstGetOfAnyPropertyLoadsAlsoThatOfTheKey) {
-    for (const auto& property : All(17)) {
-        SCOPED_TRACE(property.label);
-        Script script;
-        script.OpenSelect(Select(17)).Rows(kColumns, {FullRow()});
-        const auto date = Bound(script.Session(), 17);
-        EXPECT_EQ(property.get(*date), property.full);
-        EXPECT_EQ(script.Report(), "");
-        ExpectValues(*date, All(17), &Property::full);
-        EXPECT_EQ(script.Report(), "");
-    }
-}
-
-TEST(clsTermin, TheFirstLetOfAnyPropertyLoadsSoThatItStays) {
-    for (const auto& let : Columns()) {
-        SCOPED_TRACE(let.label);
-        Script script;
-        script.OpenSelect(Select(17)).Rows(kColumns, {NullRow()});
-        const auto date = Bound(script.Session(), 17);
-        let.let(*date, let.full);
-        EXPECT_EQ(script.Report(), "");
-        for (const auto& property : All(17)) {
-            EXPECT_EQ(property.get(*date), property.label == let.label ? let.full : property.by_default) << property.label;
-        }
-        EXPECT_EQ(script.Report(), "");
-    }
-}
-
 TEST(clsTermin, TheWordsOfTheStatusLoad) {
     for (const auto word : {static_cast<Text (clsTermin::*)()>(&clsTermin::StatusBezLang),
                             static_cast<Text (clsTermin::*)()>(&clsTermin::StatusBezKurz)}) {
@@ -121,17 +82,6 @@ TEST(clsTermin, TheWordsOfTheStatusLoad) {
         EXPECT_EQ(date->Status(), 3);
         EXPECT_EQ(script.Report(), "");
     }
-}
-
-TEST(clsTermin, TakesTheDefaultsForDatabaseNulls) {
-    Script script;
-    script.OpenSelect(Select(17)).Rows(kColumns, {NullRow()});
-    const auto date = Bound(script.Session(), 17);
-    ExpectValues(*date, All(17), &Property::by_default);
-    EXPECT_EQ(date->Status(), 2);
-    EXPECT_EQ(date->Stunden(), 8);
-    EXPECT_EQ(date->Sitzungen(), 1);
-    EXPECT_EQ(script.Report(), "");
 }
 
 TEST(clsTermin, AMissingRowReadsAsANewDateAndIsNotLookedForAgain) {
@@ -174,36 +124,6 @@ TEST(clsTermin, AZeroInTheRowIsNoNull) {
     EXPECT_EQ(script.Report(), "");
 }
 
-TEST(clsTermin, ARefusedSelectGivesZeroesSilentlyAndTheNextMemberTriesAgain) {
-    for (const auto& property : All(17)) {
-        SCOPED_TRACE(property.label);
-        Script script;
-        script.OpenSelect(Select(17)).Refused("time-out");
-        script.OpenSelect(Select(17)).Refused("time-out");
-        script.OpenSelect(Select(17)).Rows(kColumns, {FullRow()});
-        const auto date = Bound(script.Session(), 17);
-        EXPECT_EQ(property.get(*date), property.zero);
-        EXPECT_EQ(property.get(*date), property.zero);
-        EXPECT_EQ(property.get(*date), property.full);
-        EXPECT_EQ(script.LastErrorTextCalls(), 0);
-        EXPECT_EQ(script.Report(), "");
-    }
-}
-
-TEST(clsTermin, ALetBehindARefusedSelectIsSilentAndTheNextMemberTriesAgain) {
-    for (const auto& property : Columns()) {
-        SCOPED_TRACE(property.label);
-        Script script;
-        script.OpenSelect(Select(17)).Refused("time-out");
-        script.OpenSelect(Select(17)).Rows(kColumns, {NullRow()});
-        const auto date = Bound(script.Session(), 17);
-        property.let(*date, property.full);
-        EXPECT_EQ(property.get(*date), property.by_default);
-        EXPECT_EQ(script.LastErrorTextCalls(), 0);
-        EXPECT_EQ(script.Report(), "");
-    }
-}
-
 // Seen through the members that do not load.
 TEST(clsTermin, ALetBehindARefusedSelectStoresNothing) {
     Script script;
@@ -226,51 +146,15 @@ TEST(clsTermin, ALetBehindARefusedSelectStoresNothing) {
     EXPECT_EQ(script.Report(), "");
 }
 
-TEST(clsTermin, AFieldThatDoesNotFitRaisesWithAllLabelsAndLeavesTheDateUnread) {
-    const struct {
-        const char* column;
-        Variant value;
-        Int32 number;
-    } cases[] = {{"MDNr", "keine Zahl", 13}, {"Status", 256, 6},          {"Status", -1, 6},
-                 {"SelfService", 32768, 6},  {"BeginnDatum", 3000000, 6}, {"VeranstaltungsOrtID", 2147483648.0, 6}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.column);
-        auto row = FullRow();
-        row[static_cast<std::size_t>(std::ranges::find(kColumns, c.column) - kColumns.begin())] = c.value;
-        Script script;
-        script.OpenSelect(Select(17)).Rows(kColumns, {row});
-        script.OpenSelect(Select(17)).Rows(kColumns, {FullRow()});
-        const auto date = Bound(script.Session(), 17);
-        const auto error = RaisedBy([&] { return date->Titel(); });
-        ASSERT_TRUE(error);
-        EXPECT_EQ(error->Number(), c.number);
-        EXPECT_EQ(LabelsOf(error),
-                  (Labels{kLabel + "InitPropertiesByRecordset", kLabel + "PropertiesInit", kLabel + "Titel --> GET"}));
-        ExpectValues(*date, All(17), &Property::full);
-        EXPECT_EQ(script.Report(), "");
-    }
-}
-
-TEST(clsTermin, EveryGetCarriesItsLabel) {
-    auto gets = All(17);
-    gets.push_back({"StatusBezLang", [](clsTermin& d) { return Variant(d.StatusBezLang()); }, {}, {}, {}, {}});
-    gets.push_back({"StatusBezKurz", [](clsTermin& d) { return Variant(d.StatusBezKurz()); }, {}, {}, {}, {}});
-    for (const auto& property : gets) {
-        SCOPED_TRACE(property.label);
+TEST(clsTermin, TheWordsOfTheStatusCarryTheirLabel) {
+    for (const bool in_full : {true, false}) {
+        const std::string label = kLabel + (in_full ? "StatusBezLang --> GET" : "StatusBezKurz --> GET");
         ExpectFailures([](Script& script) { script.OpenSelect(Select(17)).Rows(kColumns, {FullRow()}); },
-                       [&](const Ref<DataSession>& session) { property.get(*Bound(session, 17)); },
-                       {{1, kNotOk}, {1, kRaises, 7001, {kLabel + "PropertiesInit", kLabel + property.label + " --> GET"}}});
-    }
-}
-
-TEST(clsTermin, EveryLetThatLoadsCarriesItsLabel) {
-    auto lets = Columns();
-    lets.push_back(SemTerminID(17));
-    for (const auto& property : lets) {
-        SCOPED_TRACE(property.label);
-        ExpectFailures([](Script& script) { script.OpenSelect(Select(17)).Rows(kColumns, {FullRow()}); },
-                       [&](const Ref<DataSession>& session) { property.let(*Bound(session, 17), property.full); },
-                       {{1, kNotOk}, {1, kRaises, 7001, {kLabel + "PropertiesInit", kLabel + property.label + " --> LET"}}});
+                       [&](const Ref<DataSession>& session) {
+                           const auto date = Bound(session, 17);
+                           in_full ? date->StatusBezLang() : date->StatusBezKurz();
+                       },
+                       {{1, kNotOk}, {1, kRaises, 7001, {kLabel + "PropertiesInit", label}}});
     }
 }
 
@@ -317,18 +201,6 @@ TEST(clsTermin, CodeAndTitelLetWithoutALoadStayOnAReadDate) {
     date->Titel("Löschübung", false);
     EXPECT_EQ(date->Code(), "ÜB-1");
     EXPECT_EQ(date->Titel(), "Löschübung");
-    EXPECT_EQ(script.Report(), "");
-}
-
-TEST(clsTermin, TheLetOfSitzungenDoesNotLoadAndIsLostToTheLoadUnlikeItsNeighbours) {
-    Script script;
-    const auto date = Bound(script.Session(), 17);
-    date->Sitzungen(9);
-    EXPECT_EQ(script.Report(), "");
-    script.OpenSelect(Select(17)).Rows(kColumns, {FullRow()});
-    EXPECT_EQ(date->Sitzungen(), 2);
-    date->Sitzungen(9);
-    EXPECT_EQ(date->Sitzungen(), 9);
     EXPECT_EQ(script.Report(), "");
 }
 
@@ -515,15 +387,6 @@ TEST(clsTermin, TheMailAddressFailsAsDocumentedAtEachStep) {
         },
         [](const Ref<DataSession>& session) { Bound(session, 17)->SachbearbeiterEmail(); },
         {{1, kNotOk}, {1, kRaises, 7001, {kLabel + "SachbearbeiterEmail"}}, {2, kRaises, 7001, {kLabel + "SachbearbeiterEmail"}}});
-}
-
-TEST(clsTermin, LetsGoOfItsSession) {
-    Script script;
-    {
-        const auto date = Bound(script.Session(), 17);
-        EXPECT_FALSE(script.SessionReleased());
-    }
-    EXPECT_TRUE(script.SessionReleased());
 }
 
 TEST(clsTermin, AnotherInitLetsGoOfTheFormerSession) {

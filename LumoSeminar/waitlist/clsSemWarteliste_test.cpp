@@ -6,7 +6,6 @@
 
 #include <LumoConnection/script/script_session.h>
 #include <LumoSeminar/scheduling/clsTermin.h>
-#include <test_support/failures.h>
 #include <test_support/participant_statements.h>
 #include <test_support/raises.h>
 #include <test_support/termin_statements.h>
@@ -18,9 +17,6 @@ namespace {
 using namespace waitlist_statements;
 using LumoConnection::Script;
 using participant_statements::Labels;
-using test_support::ExpectFailures;
-using test_support::kNotOk;
-using test_support::kRaises;
 using test_support::LabelsOf;
 using test_support::RaisedBy;
 
@@ -188,64 +184,11 @@ TEST(clsSemWarteliste, AloneTheLoginIsTheMomentOfTheChangeAsText) {
     }
 }
 
-TEST(clsSemWarteliste, AValueThatDoesNotFitRaisesAndNothingIsLoaded) {
-    const struct {
-        std::size_t position;
-        Variant value;
-        Int32 number;
-    } cases[] = {
-        {0, 2147483648.0, 6}, {1, 32768, 6}, {2, "fünf", 13},     {3, 2147483648.0, 6}, {4, "gestern", 13},
-        {5, -32769, 6},       {6, 1e9, 6},   {7, "siebzehn", 13}, {8, "hundert", 13},   {9, "gültig", 13},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.position);
-        Script script;
-        script.OpenSelect(SelectEntry(42)).Rows(kColumns, {RowWith(c.position, c.value)});
-        const auto entry = Bound(script.Session());
-        const auto error = RaisedBy([&] { return entry->ModId(); });
-        ASSERT_TRUE(error);
-        EXPECT_EQ(error->Number(), c.number);
-        EXPECT_EQ(LabelsOf(error), kLabelsOfLoad);
-        EXPECT_EQ(script.Report(), "");
-        ScriptEntry(script, entry->SemWartelisteID(), {FullRow()});
-        ExpectValues(*entry, &Property::alone);
-        EXPECT_EQ(script.Report(), "");
-    }
-}
-
 TEST(clsSemWarteliste, AnEntryWithSeveralRowsIsItsFirst) {
     Script script;
     ScriptEntry(script, 42, {FullRow(), RowWith(7, 18)});
     EXPECT_EQ(Bound(script.Session())->SemTerminID(), 17);
     EXPECT_EQ(script.Report(), "");
-}
-
-TEST(clsSemWarteliste, WhicheverPropertyIsReadFirstLoadsAndNoneLoadsAgain) {
-    for (const Property& property : Properties()) {
-        Script script;
-        ScriptEntry(script, 42, {FullRow()});
-        const auto entry = Bound(script.Session());
-        EXPECT_EQ(property.get(*entry), property.alone) << property.name;
-        ExpectValues(*entry, &Property::alone);
-        EXPECT_EQ(script.Report(), "");
-    }
-}
-
-TEST(clsSemWarteliste, ALetLoadsFirstAndIsKeptWithAndWithoutARow) {
-    for (const bool has_row : {true, false}) {
-        for (const Property& property : Properties()) {
-            Script script;
-            ScriptEntry(script, 42, has_row ? Rows{FullRow()} : Rows{});
-            const auto entry = Bound(script.Session());
-            property.let(*entry, property.other);
-            EXPECT_EQ(script.Report(), "") << property.name;
-            for (const Property& read : Properties()) {
-                const Variant untouched = has_row ? read.alone : read.zero;
-                EXPECT_EQ(read.get(*entry), read.name == property.name ? property.other : untouched) << read.name;
-            }
-            EXPECT_EQ(script.Report(), "");
-        }
-    }
 }
 
 TEST(clsSemWarteliste, AnEntryWithoutARowHasZerosKeepsItsKeyAndIsNotLookedForAgain) {
@@ -267,58 +210,6 @@ TEST(clsSemWarteliste, ANewEntryIsLookedForUnderKey0AtItsFirstLetAndTakesTheOthe
     ExpectValues(*entry, &Property::other);
     EXPECT_EQ(entry->SemWartelisteID(), 0);
     EXPECT_EQ(script.Report(), "");
-}
-
-TEST(clsSemWarteliste, ARefusedLoadRaises9999FromEveryGetAndLetStoresNothingAndIsTriedAgain) {
-    for (const Property& property : Properties()) {
-        SCOPED_TRACE(property.name);
-        Script script;
-        script.OpenSelect(SelectEntry(42)).Refused("Zeitüberschreitung");
-        script.OpenSelect(SelectEntry(42)).Refused("Zeitüberschreitung");
-        ScriptEntry(script, 42, {FullRow()});
-        const auto entry = Bound(script.Session());
-        const auto get = RaisedBy([&] { return property.get(*entry); });
-        const auto let = RaisedBy([&] { return property.let(*entry, property.other), 0; });
-        for (const auto& error : {get, let}) {
-            ASSERT_TRUE(error);
-            EXPECT_EQ(error->Number(), 9999);
-            EXPECT_EQ(error->Source(), "LumoSeminar");
-            EXPECT_EQ(error->Description(), "in line: 0\r\nZeitüberschreitung in LumoSeminar.IsInitialized");
-        }
-        ExpectValues(*entry, &Property::alone);
-        EXPECT_EQ(script.RecordsetCalls(), 1);
-        EXPECT_EQ(script.Report(), "");
-    }
-}
-
-TEST(clsSemWarteliste, AnEntryWhoseRowsDoNotCloseIsLoadedAllTheSame) {
-    Script script;
-    script.OpenSelect(SelectEntry(42)).Rows(kColumns, {FullRow()});
-    script.CloseRows().Raises(-7, "Die Leitung ist tot.", "Treiber");
-    const auto entry = Bound(script.Session());
-    const auto error = RaisedBy([&] { return entry->MDNR(); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), -7);
-    EXPECT_EQ(error->Source(), "Treiber");
-    EXPECT_EQ(LabelsOf(error), kLabelsOfLoad);
-    ExpectValues(*entry, &Property::alone);
-    EXPECT_EQ(script.Report(), "");
-}
-
-TEST(clsSemWarteliste, ALoadFailsAsDocumentedAtEachStep) {
-    for (const Property& property : Properties()) {
-        SCOPED_TRACE(property.name);
-        const std::function<void(clsSemWarteliste&)> uses[] = {
-            [&](clsSemWarteliste& entry) { property.get(entry); },
-            [&](clsSemWarteliste& entry) { property.let(entry, property.other); },
-        };
-        for (const auto& use : uses) {
-            ExpectFailures(
-                [](Script& script) { ScriptEntry(script, 42, {FullRow()}); },
-                [&](const Ref<DataSession>& session) { use(*Bound(session)); },
-                {{1, kNotOk, 9999, kLabelsOfLoad}, {1, kRaises, 7001, kLabelsOfLoad}, {2, kRaises, 7001, kLabelsOfLoad}});
-        }
-    }
 }
 
 TEST(clsSemWarteliste, ALoadedEntryStaysLoadedBehindAnotherInit) {
