@@ -24,8 +24,6 @@ using LumoConnection::Script;
 using test_support::ExpectFailures;
 using test_support::kNotOk;
 using test_support::kRaises;
-using test_support::LabelsOf;
-using test_support::RaisedBy;
 using test_support::SampleDatabase;
 using test_support::SchemaDatabase;
 using test_support::Value;
@@ -314,10 +312,7 @@ TEST(clsSeminar, GoalAndContentThatCouldNotBeReadAreKeptEmpty) {
 
 TEST(clsSeminar, GoalAndContentOfAnUnboundSeminarRaise91) {
     clsSeminar seminar;
-    const auto error = RaisedBy([&] { return seminar.ZielInhalt(); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 91);
-    EXPECT_EQ(LabelsOf(error), (Labels{" LumoSeminar.clsSemZielInhalt.Init", kLabelOfGoal}));
+    EXPECT_RAISES_UNDER(91, (Labels{" LumoSeminar.clsSemZielInhalt.Init", kLabelOfGoal}), seminar.ZielInhalt());
 }
 
 // Failures.

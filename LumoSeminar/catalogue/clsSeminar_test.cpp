@@ -19,7 +19,6 @@ using LumoConnection::Script;
 using test_support::ExpectFailures;
 using test_support::kNotOk;
 using test_support::kRaises;
-using test_support::LabelsOf;
 using test_support::RaisedBy;
 
 const std::string kLabel = " LumoSeminar062.clsSeminar.";
@@ -156,10 +155,7 @@ TEST(clsSeminar, BehindTheLargestKeyThereIsNone) {
     Script script;
     script.LookupValue("max(SemID)", "Sem_Katalog_IT", "").Gives(2147483647);
     const auto seminar = Bound(script.Session(), 0);
-    const auto error = RaisedBy([&] { return seminar->WriteToDatabase(); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 6);
-    EXPECT_EQ(LabelsOf(error), (std::vector<std::string>{kLabel + "WriteToDatabase"}));
+    EXPECT_RAISES_UNDER(6, (std::vector<std::string>{kLabel + "WriteToDatabase"}), seminar->WriteToDatabase());
     EXPECT_EQ(seminar->SemID(), 0);
     EXPECT_EQ(script.Report(), "");
 }
@@ -239,10 +235,7 @@ TEST(clsSeminar, ASecondInitKeepsALoadedSeminarLoaded) {
 TEST(clsSeminar, OperationsOfAnUnboundSeminarRaise91WithTheirLabel) {
     clsSeminar seminar;
     EXPECT_EQ(seminar.SemTitel(), "");
-    const auto write = RaisedBy([&] { return seminar.WriteToDatabase(); });
-    ASSERT_TRUE(write);
-    EXPECT_EQ(write->Number(), 91);
-    EXPECT_EQ(LabelsOf(write), (std::vector<std::string>{kLabel + "WriteToDatabase"}));
+    EXPECT_RAISES_UNDER(91, (std::vector<std::string>{kLabel + "WriteToDatabase"}), seminar.WriteToDatabase());
     EXPECT_EQ(seminar.UpdateDatabase(), false);
 }
 

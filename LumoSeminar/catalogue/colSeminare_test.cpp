@@ -84,10 +84,7 @@ TEST(colSeminare, TwoNewSeminarsCollideOnTheKey) {
 
 TEST(colSeminare, AddOfAnEmptyReferenceRaises91) {
     colSeminare list;
-    const auto error = RaisedBy([&] { return list.Add(nullptr); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 91);
-    EXPECT_EQ(LabelsOf(error), Labels{kLabelOfAdd});
+    EXPECT_RAISES_UNDER(91, Labels{kLabelOfAdd}, list.Add(nullptr));
 }
 
 TEST(colSeminare, RemoveOfAReadSeminarDeletesAndIsFalse) {

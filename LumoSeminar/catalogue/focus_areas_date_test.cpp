@@ -75,10 +75,8 @@ TEST(clsSemTerminSchwerpunkt, InitRaisesForASchwerpunktIDThatIsNoNumberAndKeepsT
         Script script;
         script.AdoConnection();
         clsSemTerminSchwerpunkt focus_area;
-        const auto error = RaisedBy([&] { return focus_area.Init(c.given, 17, script.Session()); });
-        ASSERT_TRUE(error) << c.given.TypeName();
-        EXPECT_EQ(error->Number(), c.number);
-        EXPECT_EQ(LabelsOf(error), Labels{kLabel + "Init"});
+        EXPECT_RAISES_UNDER(c.number, Labels{kLabel + "Init"}, focus_area.Init(c.given, 17, script.Session()))
+            << c.given.TypeName();
         EXPECT_EQ(focus_area.SemTerminID(), 0);
         EXPECT_FALSE(script.SessionReleased());
     }
@@ -104,10 +102,7 @@ TEST(clsSemTerminSchwerpunkt, InitIsFalseAndKeepsNothingWhereTheConnectionStaysC
 
 TEST(clsSemTerminSchwerpunkt, InitWithAnEmptySessionRaises91WithItsLabel) {
     clsSemTerminSchwerpunkt focus_area;
-    const auto error = RaisedBy([&] { return focus_area.Init(7, 17, nullptr); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 91);
-    EXPECT_EQ(LabelsOf(error), Labels{kLabel + "Init"});
+    EXPECT_RAISES_UNDER(91, Labels{kLabel + "Init"}, focus_area.Init(7, 17, nullptr));
 }
 
 TEST(clsSemTerminSchwerpunkt, WithoutASessionEverythingIsEmptyOrFalse) {
@@ -264,11 +259,10 @@ TEST(colSemTerminSchwerpunkte, AKeyThatIsNullRaisesInTheInitOfTheEntry) {
     script.OpenSelect(SelectKeysOfDate(17)).Rows({"SchwerpunktID", "SemTerminID"}, {{Variant::Null(), 17}});
     script.AdoConnection();
     colSemTerminSchwerpunkte list;
-    const auto error = RaisedBy([&] { return list.Init(17, script.Session()); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 94);
-    EXPECT_EQ(LabelsOf(error), (Labels{kLabel + "Init", " LumoSeminar062.clsColSemTerminSchwerpunkte.LoadKeysFromDatabase",
-                                       " LumoSeminar062.clsColSemTerminSchwerpunkte.Init"}));
+    EXPECT_RAISES_UNDER(94,
+                        (Labels{kLabel + "Init", " LumoSeminar062.clsColSemTerminSchwerpunkte.LoadKeysFromDatabase",
+                                " LumoSeminar062.clsColSemTerminSchwerpunkte.Init"}),
+                        list.Init(17, script.Session()));
     EXPECT_EQ(list.Count(), 0);
     EXPECT_EQ(script.Report(), "");
 }
@@ -289,14 +283,9 @@ TEST(colSemTerminSchwerpunkte, AddRaisesForAKeyThatIsThereAndForNothing) {
     colSemTerminSchwerpunkte list;
     const auto fresh = New<clsSemTerminSchwerpunkt>();
     EXPECT_EQ(list.Add(fresh), false);
-    const auto twice = RaisedBy([&] { return list.Add(New<clsSemTerminSchwerpunkt>()); });
-    ASSERT_TRUE(twice);
-    EXPECT_EQ(twice->Number(), 457);
-    EXPECT_EQ(LabelsOf(twice), Labels{" LumoSeminar062.clsColSemTerminSchwerpunkte.Add"});
-    const auto nothing = RaisedBy([&] { return list.Add(nullptr); });
-    ASSERT_TRUE(nothing);
-    EXPECT_EQ(nothing->Number(), 91);
-    EXPECT_EQ(LabelsOf(nothing), Labels{" LumoSeminar062.clsColSemTerminSchwerpunkte.Add"});
+    EXPECT_RAISES_UNDER(457, Labels{" LumoSeminar062.clsColSemTerminSchwerpunkte.Add"},
+                        list.Add(New<clsSemTerminSchwerpunkt>()));
+    EXPECT_RAISES_UNDER(91, Labels{" LumoSeminar062.clsColSemTerminSchwerpunkte.Add"}, list.Add(nullptr));
     EXPECT_EQ(list.Count(), 1);
     EXPECT_EQ(list.Item(1), fresh);
 }
@@ -376,10 +365,7 @@ TEST(colSemTerminSchwerpunkte, RemoveAllLooksForThePresentKeyAndRaisesWhereTheEn
     ScriptDelete(script, 8);
     const auto list = Listed(script.Session());
     list->Item(1)->SchwerpunktID(8);
-    const auto error = RaisedBy([&] { return RemoveAllOf(*list); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 5);
-    EXPECT_EQ(LabelsOf(error), Labels{kLabelOfRemoveAll});
+    EXPECT_RAISES_UNDER(5, Labels{kLabelOfRemoveAll}, RemoveAllOf(*list));
     EXPECT_EQ(list->Count(), 2);
     EXPECT_EQ(script.Report(), "");
 }

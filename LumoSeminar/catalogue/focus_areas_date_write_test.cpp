@@ -17,7 +17,6 @@ using LumoConnection::Script;
 using test_support::ExpectFailures;
 using test_support::kNotOk;
 using test_support::kRaises;
-using test_support::LabelsOf;
 using test_support::RaisedBy;
 
 using Labels = std::vector<std::string>;
@@ -335,10 +334,7 @@ TEST_F(DateFocusAreaWrite, Raises91WhereTheSearchForTheLinkIsRefusedAndTheNewFoc
     ScriptOption(script, "0");
     script.OpenSelect(SelectLink(17, 42)).Refused("time-out");
     const auto link = Named(kName);
-    const auto error = RaisedBy([&] { return link->WriteToDatabase(); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 91);
-    EXPECT_EQ(LabelsOf(error), (Labels{kLabelOfWrite, "ADO-Fehlermeldung: time-out"}));
+    EXPECT_RAISES_UNDER(91, (Labels{kLabelOfWrite, "ADO-Fehlermeldung: time-out"}), link->WriteToDatabase());
     EXPECT_EQ(link->SchwerpunktID(), 0);
     EXPECT_EQ(script.Report(), "");
 }
@@ -355,10 +351,7 @@ TEST_F(DateFocusAreaWrite, RaisesWhereTheNextKeyCannotBeLookedUpOrDoesNotFit) {
         ScriptSearch(script, kName, {});
         ScriptNextKey(script, c.key);
         const auto link = Named(kName);
-        const auto error = RaisedBy([&] { return link->WriteToDatabase(); });
-        ASSERT_TRUE(error) << c.number;
-        EXPECT_EQ(error->Number(), c.number);
-        EXPECT_EQ(LabelsOf(error), (Labels{kLabelOfWrite, "ADO-Fehlermeldung: "}));
+        EXPECT_RAISES_UNDER(c.number, (Labels{kLabelOfWrite, "ADO-Fehlermeldung: "}), link->WriteToDatabase()) << c.number;
         EXPECT_EQ(script.Report(), "");
     }
 }
@@ -368,10 +361,7 @@ TEST_F(DateFocusAreaWrite, RaisesForAKeyThatIsNull) {
     ScriptOption(script, "0");
     ScriptSearch(script, kName, {{Variant::Null()}});
     const auto link = Named(kName);
-    const auto error = RaisedBy([&] { return link->WriteToDatabase(); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 94);
-    EXPECT_EQ(LabelsOf(error), (Labels{kLabelOfWrite, "ADO-Fehlermeldung: "}));
+    EXPECT_RAISES_UNDER(94, (Labels{kLabelOfWrite, "ADO-Fehlermeldung: "}), link->WriteToDatabase());
     EXPECT_EQ(script.Report(), "");
 }
 
@@ -386,11 +376,10 @@ TEST_F(DateFocusAreaWrite, RaisesThroughBothHandlersWhereOptionOrClientHaveNoRow
             script.OpenSelect(kSelectClient).Rows({"MDNR"});
         }
         const auto link = Named(kName);
-        const auto error = RaisedBy([&] { return link->WriteToDatabase(); });
-        ASSERT_TRUE(error);
-        EXPECT_EQ(error->Number(), LumoConnection::RowSetError::kNoCurrentRow);
-        EXPECT_EQ(LabelsOf(error), (Labels{option ? "LumoSeminar.common.IsMDabhKonst" : "LumoSeminar.common.GetActMD",
-                                           kLabelOfWrite, "ADO-Fehlermeldung: "}));
+        EXPECT_RAISES_UNDER(LumoConnection::RowSetError::kNoCurrentRow,
+                            (Labels{option ? "LumoSeminar.common.IsMDabhKonst" : "LumoSeminar.common.GetActMD",
+                                    kLabelOfWrite, "ADO-Fehlermeldung: "}),
+                            link->WriteToDatabase());
         EXPECT_EQ(script.Report(), "");
     }
 }

@@ -83,10 +83,7 @@ TEST(clsSemSchwerpunkt, InitWithAnEmptySessionRaises91WithItsLabel) {
     Script script;
     ScriptList(script);
     const auto focus_area = Bound(script.Session());
-    const auto error = RaisedBy([&] { return focus_area->Init(9, 8, nullptr); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 91);
-    EXPECT_EQ(LabelsOf(error), Labels{kLabel + "Init"});
+    EXPECT_RAISES_UNDER(91, Labels{kLabel + "Init"}, focus_area->Init(9, 8, nullptr));
     EXPECT_EQ(focus_area->Key(), "0000000007");
 }
 
@@ -268,10 +265,7 @@ TEST(colSemSchwerpunkte, ASecondAddWithoutAWriteBetweenCollidesOnTheKey) {
     script.LookupValue("max(WBS_ID)", "sysIData_WBS", "").Gives(42);
     const auto list = Listed(script.Session());
     list->Add();
-    const auto error = RaisedBy([&] { return list->Add(); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 457);
-    EXPECT_EQ(LabelsOf(error), Labels{kLabelOfAdd});
+    EXPECT_RAISES_UNDER(457, Labels{kLabelOfAdd}, list->Add());
     EXPECT_EQ(list->Count(), 2);
     EXPECT_EQ(list->Add()->Key(), "0000000043") << "once somebody has written the focus area 42";
     EXPECT_EQ(script.Report(), "");
@@ -282,19 +276,13 @@ TEST(colSemSchwerpunkte, BehindTheLargestKeyThereIsNone) {
     ScriptList(script);
     script.LookupValue("max(WBS_ID)", "sysIData_WBS", "").Gives(2147483647);
     const auto list = Listed(script.Session());
-    const auto error = RaisedBy([&] { return list->Add(); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 6);
-    EXPECT_EQ(LabelsOf(error), Labels{kLabelOfAdd});
+    EXPECT_RAISES_UNDER(6, Labels{kLabelOfAdd}, list->Add());
     EXPECT_EQ(list->Count(), 1);
 }
 
 TEST(colSemSchwerpunkte, AddOfAnUnboundListRaises91WithTheLabelOfAnotherList) {
     colSemSchwerpunkte list;
-    const auto error = RaisedBy([&] { return list.Add(); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 91);
-    EXPECT_EQ(LabelsOf(error), Labels{" LumoSeminar062.clsColTermine.Add"});
+    EXPECT_RAISES_UNDER(91, Labels{" LumoSeminar062.clsColTermine.Add"}, list.Add());
     EXPECT_EQ(list.Count(), 0);
 }
 

@@ -9,7 +9,6 @@ namespace LumoSeminar {
 namespace {
 
 using LumoConnection::Script;
-using test_support::LabelsOf;
 using test_support::RaisedBy;
 
 using Labels = std::vector<std::string>;
@@ -105,10 +104,7 @@ TEST(clsSemBudgetJahr, ARowThatIsTooShortRaisesAndIsTriedAgain) {
     script.OpenSelect(SelectYear(2)).Rows({"JahrID", "Von"}, {{2, kFrom}});
     ScriptLoad(script);
     const auto year = Bound(script.Session());
-    const auto error = RaisedBy([&] { return year->Von(); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 9);
-    EXPECT_EQ(LabelsOf(error), Labels{kLabelOfALoad});
+    EXPECT_RAISES_UNDER(9, Labels{kLabelOfALoad}, year->Von());
     EXPECT_EQ(ValuesOf(*year), (Values{2, kFrom, kTo})) << "Von is loaded again before it is given";
     EXPECT_EQ(script.Report(), "");
 }
@@ -118,10 +114,7 @@ TEST(clsSemBudgetJahr, WithoutASessionBothEndsRaise91) {
     const std::function<void()> accesses[] = {[&] { year.Von(); }, [&] { year.Bis(); }, [&] { year.Von(kFrom); },
                                               [&] { year.Bis(kTo); }};
     for (const auto& access : accesses) {
-        const auto error = RaisedBy([&] { return access(), 0; });
-        ASSERT_TRUE(error);
-        EXPECT_EQ(error->Number(), 91);
-        EXPECT_EQ(LabelsOf(error), Labels{kLabelOfALoad});
+        EXPECT_RAISES_UNDER(91, Labels{kLabelOfALoad}, access());
     }
 }
 

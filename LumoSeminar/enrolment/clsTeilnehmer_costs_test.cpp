@@ -230,10 +230,7 @@ TEST_F(clsTeilnehmerTest, CostsThatDoNotFitRaise6WithALabelInTheLine) {
     Script script;
     ScriptRecord(script, {RowWith(-1, 250)});
     ScriptCosts(script, 7, {{7, 1, 1, kMost, 1}, {7, 2, 1, kMost, 1}});
-    const auto error = RaisedBy([&] { return Bound(script.Session())->TeilnehmerKosten(); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 6);
-    EXPECT_EQ(LabelsOf(error), Labels{" in LumoSeminar.TeilnehmerKosten"});
+    EXPECT_RAISES_UNDER(6, Labels{" in LumoSeminar.TeilnehmerKosten"}, Bound(script.Session())->TeilnehmerKosten());
     EXPECT_EQ(script.Report(), "");
 }
 

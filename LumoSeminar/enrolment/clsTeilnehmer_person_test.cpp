@@ -358,11 +358,7 @@ TEST_F(clsTeilnehmerTest, MDPersNrRaisesForATextThatIsNoSuchAndSetsWhatStandsBeh
         ScriptRecord(script);
         const auto record = Bound(script.Session());
         EXPECT_EQ(record->MDNR(), 5);
-        const auto error = RaisedBy([&] { return record->MDPersNr(c.text), 0; });
-        ASSERT_TRUE(error);
-        EXPECT_EQ(error->Number(), c.number);
-        EXPECT_EQ(error->Source(), "LumoSeminar");
-        EXPECT_EQ(LabelsOf(error), Labels{"LumoSeminar.clsTeilnehmer.MDPersNr"});
+        EXPECT_RAISES_UNDER(c.number, Labels{"LumoSeminar.clsTeilnehmer.MDPersNr"}, record->MDPersNr(c.text));
         EXPECT_EQ(record->ANNr(), c.employee);
         EXPECT_EQ(record->MDNR(), 5);
         EXPECT_EQ(script.Report(), "");

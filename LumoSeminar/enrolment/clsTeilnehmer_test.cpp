@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include <LumoConnection/script/script_session.h>
 #include <LumoSeminar/enrolment/participant_costs.h>
 #include <LumoSeminar/needs/clsWBPerson.h>
@@ -87,10 +85,7 @@ TEST_F(clsTeilnehmerTest, InitIsFalseAndKeepsNothingWhereTheConnectionIsNotOpen)
 }
 
 TEST_F(clsTeilnehmerTest, InitRaises91WithoutASession) {
-    const auto error = RaisedBy([&] { return Made()->Init(7, nullptr); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 91);
-    EXPECT_EQ(LabelsOf(error), Labels{kLabel + "Init"});
+    EXPECT_RAISES_UNDER(91, Labels{kLabel + "Init"}, Made()->Init(7, nullptr));
 }
 
 TEST_F(clsTeilnehmerTest, InitWithADateLoadsTheRowAndReplacesItsDate) {
@@ -354,10 +349,8 @@ TEST_F(clsTeilnehmerTest, WithoutSessionDefaultsTheLoadOfANewRecordRaises429AndI
     script.OpenSelect(Select(0)).Rows(kColumns, {});
     const auto record = Bound(script.Session(), 0);
     SetComponents({});
-    const auto error = RaisedBy([&] { return record->ErfUser(); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 429);
-    EXPECT_EQ(LabelsOf(error), (Labels{kLabelOfRow, kLabel + "PropertiesInit", kLabel + "ErfUser -> Property GET"}));
+    EXPECT_RAISES_UNDER(429, (Labels{kLabelOfRow, kLabel + "PropertiesInit", kLabel + "ErfUser -> Property GET"}),
+                        record->ErfUser());
     GiveDefaults();
     ExpectValues(*record, All(), &Property::at_null);
     EXPECT_EQ(script.Report(), "") << "the date of key 0 stays linked";

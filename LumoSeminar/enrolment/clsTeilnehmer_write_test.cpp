@@ -305,11 +305,7 @@ TEST_F(clsTeilnehmerTest, WhereTheKeyCannotBeFoundTheWriteRaisesAndTheRecordStay
         script.OpenSelect(Insert(kNewValues));
         script.LookupValue("max(TeilnehmerID)", "Sem_Teilnehmer_IT").Gives(c.key);
         const auto record = NewOfDate(script.Session());
-        const auto error = RaisedBy([&] { return record->WriteToDatabase(kUserID); });
-        ASSERT_TRUE(error);
-        EXPECT_EQ(error->Number(), c.number);
-        EXPECT_EQ(error->Source(), "LumoSeminar");
-        EXPECT_EQ(LabelsOf(error), Labels{kLabelOfWrite});
+        EXPECT_RAISES_UNDER(c.number, Labels{kLabelOfWrite}, record->WriteToDatabase(kUserID));
         EXPECT_EQ(record->Key(), "0000000000");
         EXPECT_EQ(script.Report(), "") << "costs are left alone";
     }

@@ -430,10 +430,7 @@ TEST_F(colTeilnehmerTest, RemoveColOnlyRaisesForWhatIsNotThere) {
         Int32 number;
     } cases[] = {{"0000000007", 5}, {2, 9}, {Variant::Null(), 94}};
     for (const auto& c : cases) {
-        const auto error = RaisedBy([&] { return list->RemoveColOnly(c.index); });
-        ASSERT_TRUE(error) << c.number;
-        EXPECT_EQ(error->Number(), c.number);
-        EXPECT_EQ(LabelsOf(error), Labels{kOfList + "RemoveColOnly"});
+        EXPECT_RAISES_UNDER(c.number, Labels{kOfList + "RemoveColOnly"}, list->RemoveColOnly(c.index)) << c.number;
     }
     EXPECT_EQ(list->Count(), 1);
 }

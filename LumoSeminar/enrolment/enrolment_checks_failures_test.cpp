@@ -352,10 +352,7 @@ TEST_F(EnrolmentCheckFailures, AFieldThatCannotBeReadRaisesWithTheLabelOfTheChec
             script.OpenSelect(TakenBefore(kSeminar, OfEmployee(100, 5))).Rows({"Code", "Titel"}, rows);
         }
         auto record = Record(New<WatchedSession>(script.Session(), std::make_shared<Labels>()));
-        const auto error = RaisedBy([&] { return record->CheckTeilnehmerAnmeldung(); });
-        ASSERT_TRUE(error);
-        EXPECT_EQ(error->Number(), kUnreadableNumber);
-        EXPECT_EQ(LabelsOf(error), c.labels);
+        EXPECT_RAISES_UNDER(kUnreadableNumber, c.labels, record->CheckTeilnehmerAnmeldung());
         EXPECT_EQ(FindingsOf(*record), (Findings{{c.number, "A - B"}}));
         ExpectMet(script, record);
     }

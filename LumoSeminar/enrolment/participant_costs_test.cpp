@@ -11,7 +11,6 @@ namespace {
 
 using namespace cost_statements;
 using LumoConnection::Script;
-using test_support::LabelsOf;
 using test_support::RaisedBy;
 
 using Labels = std::vector<std::string>;
@@ -91,10 +90,7 @@ TEST(clsTeilnehmerKosten, ARowThatIsTooShortRaisesAndIsTriedAgain) {
     script.OpenSelect(SelectLine(7, 2)).Rows({"TeilnehmerID", "KostenID", "KostenArtID", "Kostenbetrag"}, {{7, 2, 3, Single{120.5}}});
     ScriptLoad(script);
     const auto line = Bound(script.Session());
-    const auto error = RaisedBy([&] { return line->Kost(); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 9);
-    EXPECT_EQ(LabelsOf(error), Labels{kLabelOfALoad});
+    EXPECT_RAISES_UNDER(9, Labels{kLabelOfALoad}, line->Kost());
     EXPECT_EQ(line->Kost(), 4110);
     EXPECT_EQ(script.Report(), "");
 }
@@ -119,10 +115,7 @@ TEST(clsTeilnehmerKosten, WithoutASessionEverythingButTheKeysRaises91) {
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
         const auto line = Bound(nullptr, 7, c.key);
-        const auto error = RaisedBy([&] { return c.run(*line), 0; });
-        ASSERT_TRUE(error);
-        EXPECT_EQ(error->Number(), 91);
-        EXPECT_EQ(LabelsOf(error), c.labels);
+        EXPECT_RAISES_UNDER(91, c.labels, c.run(*line));
     }
 }
 
@@ -222,12 +215,7 @@ TEST(colTeilnehmerKosten, ASecondNewLineRaises457AlsoWhereTheFirstHasBeenWritten
     script.ExecuteSql(InsertLine("7,3,1,NULL,0"));
     const auto list = Listed(script.Session());
     const auto line = list->Add(0);
-    const auto expect_collision = [&] {
-        const auto error = RaisedBy([&] { return list->Add(0); });
-        ASSERT_TRUE(error);
-        EXPECT_EQ(error->Number(), 457);
-        EXPECT_EQ(LabelsOf(error), Labels{}) << "Add has no label";
-    };
+    const auto expect_collision = [&] { EXPECT_RAISES_UNDER(457, Labels{}, list->Add(0)) << "Add has no label"; };
     expect_collision();
     EXPECT_EQ(line->WriteToDatabase(), true);
     expect_collision();

@@ -19,7 +19,6 @@ using test_support::CommaLocale;
 using test_support::ExpectFailures;
 using test_support::kNotOk;
 using test_support::kRaises;
-using test_support::LabelsOf;
 using test_support::RaisedBy;
 
 using Labels = std::vector<std::string>;
@@ -232,10 +231,7 @@ TEST(clsTeilnehmerKosten, KeysThatAreNoNumbersOrLeaveNoRoomRaise) {
         ScriptCostType(script, c.cost_type);
         if (c.cost_type == Variant(5)) ScriptLastLine(script, c.last_line);
         const auto line = Bound(script.Session(), 7, 0);
-        const auto error = RaisedBy([&] { return line->WriteToDatabase(); });
-        ASSERT_TRUE(error);
-        EXPECT_EQ(error->Number(), c.number);
-        EXPECT_EQ(LabelsOf(error), Labels{kLabelOfAWrite});
+        EXPECT_RAISES_UNDER(c.number, Labels{kLabelOfAWrite}, line->WriteToDatabase());
         EXPECT_EQ(line->KostenID(), 0);
         EXPECT_EQ(script.Report(), "");
     }
@@ -279,10 +275,7 @@ TEST(clsTeilnehmerKosten, AnAmountThatIsNoNumberRaisesOverflowAndIsNotSent) {
         ScriptLoad(script);
         const auto line = Bound(script.Session());
         line->Kostenbetrag(amount);
-        const auto error = RaisedBy([&] { return line->WriteToDatabase(); });
-        ASSERT_TRUE(error);
-        EXPECT_EQ(error->Number(), 6);
-        EXPECT_EQ(LabelsOf(error), Labels{kLabelOfAWrite});
+        EXPECT_RAISES_UNDER(6, Labels{kLabelOfAWrite}, line->WriteToDatabase());
         EXPECT_EQ(script.Report(), "");
     }
 }

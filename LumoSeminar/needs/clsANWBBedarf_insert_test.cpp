@@ -152,10 +152,7 @@ TEST_F(NewTrainingNeedTest, BehindTheLargestKeyTheWriteRaisesOverflow) {
     Script script;
     script.LookupValue("max(WBID)", "AN_WBBedarf_IT").Gives(2147483647);
     const auto need = Bound(script.Session(), 0);
-    const auto error = RaisedBy([&] { return need->WriteToDatabase(kUserID); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 6);
-    EXPECT_EQ(LabelsOf(error), Labels{kLabelOfWrite});
+    EXPECT_RAISES_UNDER(6, Labels{kLabelOfWrite}, need->WriteToDatabase(kUserID));
     EXPECT_EQ(need->WBID(), 0);
     EXPECT_EQ(script.Report(), "");
 }
@@ -251,10 +248,7 @@ TEST_F(NewTrainingNeedTest, WithoutAMakerOfStartersTheWriteRaises429BehindTheIns
     Script script;
     ScriptNew(script);
     script.ExecuteSql(InsertWithStatus("0"));
-    const auto error = RaisedBy([&] { return NewWithStatus(script.Session(), 0)->WriteToDatabase(kUserID); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 429);
-    EXPECT_EQ(LabelsOf(error), Labels{kLabelOfWrite});
+    EXPECT_RAISES_UNDER(429, Labels{kLabelOfWrite}, NewWithStatus(script.Session(), 0)->WriteToDatabase(kUserID));
     EXPECT_EQ(script.Report(), "");
 }
 

@@ -52,10 +52,7 @@ TEST_F(clsANWBBedarfTest, InitWithoutASessionIsFalseTooAndTheFirstStatementRaise
     clsANWBBedarf need;
     EXPECT_EQ(need.Init(7, {}), false);
     EXPECT_EQ(need.WBID(), 7);
-    const auto error = RaisedBy([&] { return need.MDNR(); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 91);
-    EXPECT_EQ(LabelsOf(error), Labels{kLabelOfLoad});
+    EXPECT_RAISES_UNDER(91, Labels{kLabelOfLoad}, need.MDNR());
     EXPECT_RAISES(91, need.WriteToDatabase(kUserID));
     EXPECT_RAISES(91, need.DeleteFromDatabase());
 }

@@ -465,10 +465,7 @@ TEST_F(clsWBPersonTest, ParticipantsThatFindTheConnectionClosedAreUnboundAndTheS
     script.AdoConnection().Empty();
     script.AdoConnection().Empty();
     const auto person = PersonOf(script.Session(), 3);
-    const auto error = RaisedBy([&] { return person->colWeiterbildungen(); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 457);
-    EXPECT_EQ(LabelsOf(error), kLabelsOfHistory);
+    EXPECT_RAISES_UNDER(457, kLabelsOfHistory, person->colWeiterbildungen());
     EXPECT_EQ(KeysOf(person->colWeiterbildungen()), Keys{"0000000000"});
     EXPECT_EQ(script.Report(), "");
 }
@@ -482,10 +479,7 @@ TEST_F(clsWBPersonTest, AKeyThatDoesNotFitRaisesUnderBothLabels) {
         Script script;
         script.OpenSelect(HistoryOfApplicant(45)).Rows(kHistoryColumns, {c.row});
         const auto person = PersonOf(script.Session(), 3);
-        const auto error = RaisedBy([&] { return person->colWeiterbildungen(); });
-        ASSERT_TRUE(error) << c.number;
-        EXPECT_EQ(error->Number(), c.number);
-        EXPECT_EQ(LabelsOf(error), kLabelsOfHistory);
+        EXPECT_RAISES_UNDER(c.number, kLabelsOfHistory, person->colWeiterbildungen()) << c.number;
         EXPECT_EQ(person->colWeiterbildungen()->Count(), 0);
         EXPECT_EQ(script.Report(), "");
     }

@@ -126,10 +126,7 @@ TEST_F(colANWBBedarfTest, AddBeforeTheLoaderGivesANeedWithoutASession) {
     colANWBBedarf list;
     const auto need = list.Add(12);
     EXPECT_EQ(list.Item(1), need);
-    const auto error = RaisedBy([&] { return need->WBS(); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 91);
-    EXPECT_EQ(LabelsOf(error), Labels{kLabelOfLoad});
+    EXPECT_RAISES_UNDER(91, Labels{kLabelOfLoad}, need->WBS());
 }
 
 // Loading twice, and failures.

@@ -20,7 +20,6 @@ namespace LumoSeminar {
 namespace {
 
 using need_statements::Bound;
-using test_support::LabelsOf;
 using test_support::RaisedBy;
 using test_support::Rows;
 using test_support::Select;
@@ -149,10 +148,8 @@ TEST_F(NeedsForReal, LoadingAListTwiceFailsAtItsFirstRow) {
     colANWBBedarf list;
     list.LoadBedarfArbeitnehmer(session_, 2, 101);
     ASSERT_EQ(list.Count(), 1);
-    const auto error = RaisedBy([&] { return list.LoadBedarfArbeitnehmer(session_, 2, 101); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 457);
-    EXPECT_EQ(LabelsOf(error), need_statements::Labels{" in LumoSeminar.LoadListe"});
+    EXPECT_RAISES_UNDER(457, need_statements::Labels{" in LumoSeminar.LoadListe"},
+                        list.LoadBedarfArbeitnehmer(session_, 2, 101));
 }
 
 // The states of a need.
@@ -200,10 +197,7 @@ TEST_F(NeedsForReal, ANewNeedWithAStatusAboveOneIsSettledTodayWithoutAProcess) {
 TEST_F(NeedsForReal, ARejectionThatDoesNotCountRaisesAndLeavesTheNeedAsItIs) {
     const auto need = NewNeed(0);
     need->WriteToDatabase(kEmployee);
-    const auto error = RaisedBy([&] { return need->BedarfAblehnen(kStranger); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 70);
-    EXPECT_EQ(LabelsOf(error), need_statements::Labels{});
+    EXPECT_RAISES_UNDER(70, need_statements::Labels{}, need->BedarfAblehnen(kStranger));
     EXPECT_EQ(Stored(need->WBID(), "BedarfErfuellt"), Variant(Int16{0}));
     EXPECT_EQ(need->BedarfErfuellt(), 0);
 }
@@ -381,10 +375,8 @@ TEST_F(ApprovalOfAPersonForReal, AnApplicantWaitsAsAnEmployeeAndANumberThatIsNon
     EXPECT_EQ(waiting->Item(1)->TNID(), kApplicant);
     const Int32 participants = Count("Sem_Teilnehmer_IT");
     EXPECT_EQ(person->TeilnahmeGenehmigen(kDate, kSuperior), true);
-    const auto error = RaisedBy([&] { return person->TeilnahmeGenehmigen(kDate, kDepartment); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 13);
-    EXPECT_EQ(LabelsOf(error), need_statements::Labels{" in LumoSeminar.TeilnahmeGenehmigen"});
+    EXPECT_RAISES_UNDER(13, need_statements::Labels{" in LumoSeminar.TeilnahmeGenehmigen"},
+                        person->TeilnahmeGenehmigen(kDate, kDepartment));
     EXPECT_EQ(Count("Sem_Teilnehmer_IT"), participants);
     EXPECT_EQ(Steps(8, waiting->Item(1)->SemWartelisteID()).size(), 3U) << "the approval is recorded";
 }
@@ -415,10 +407,8 @@ TEST_F(ApprovalOfAPersonForReal, WhereTheCostTypesAreUsedUpTheApprovalRaisesAndT
     const auto person = Person();
     person->TeilnahmeZustimmen(kDate, kEmployee);
     person->TeilnahmeGenehmigen(kDate, kSuperior);
-    const auto error = RaisedBy([&] { return person->TeilnahmeGenehmigen(kDate, kDepartment); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 94);
-    EXPECT_EQ(LabelsOf(error), need_statements::Labels{" in LumoSeminar.TeilnahmeGenehmigen"});
+    EXPECT_RAISES_UNDER(94, need_statements::Labels{" in LumoSeminar.TeilnahmeGenehmigen"},
+                        person->TeilnahmeGenehmigen(kDate, kDepartment));
     EXPECT_EQ(ParticipantsOf(kDate, kEmployee), 0);
     EXPECT_EQ(Count("sysIData_KostenArten", "KostenArten = 'Teilnehmerkosten'"), 0);
 }

@@ -26,7 +26,6 @@ using test_support::ExpectedFailure;
 using test_support::ExpectFailures;
 using test_support::kNotOk;
 using test_support::kRaises;
-using test_support::LabelsOf;
 using test_support::RaisedBy;
 namespace costs = cost_statements;
 namespace dates = termin_statements;
@@ -136,10 +135,7 @@ TEST_F(PersonApprovalCostsTest, WhereTheCostTypesAreUsedUpTheSecondLookupIsNullA
     ScriptCostType(script);
     script.ExecuteSql(costs::kInsertCostType).Ok();
     ScriptCostType(script);
-    const auto error = RaisedBy([&] { return Approve(script); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 94);
-    EXPECT_EQ(LabelsOf(error), Labels{kLabelOfApproval});
+    EXPECT_RAISES_UNDER(94, Labels{kLabelOfApproval}, Approve(script));
     EXPECT_EQ(script.Report(), "");
 }
 

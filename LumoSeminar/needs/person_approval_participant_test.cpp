@@ -20,8 +20,6 @@ using namespace process_calls;
 using need_statements::kLabelOfApproval;
 using need_statements::Labels;
 using person_statements::PersonOf;
-using test_support::LabelsOf;
-using test_support::RaisedBy;
 namespace entries = waitlist_statements;
 namespace participants = participant_statements;
 
@@ -144,10 +142,7 @@ TEST_F(PersonApprovalTest, APersonWhoseNumberIsNoneRaisesAmongTheParticipantsOrE
                 ScriptDate(script);
                 ScriptNewParticipant(script);
             }
-            const auto error = RaisedBy([&] { return Approve(script); });
-            ASSERT_TRUE(error);
-            EXPECT_EQ(error->Number(), 13);
-            EXPECT_EQ(LabelsOf(error), Labels{kLabelOfApproval});
+            EXPECT_RAISES_UNDER(13, Labels{kLabelOfApproval}, Approve(script));
             EXPECT_EQ(script.Report(), "") << "the approval is recorded, and nothing is written";
         }
     }
@@ -158,10 +153,7 @@ TEST_F(PersonApprovalTest, APersonWithoutARowHasNoNumberEither) {
     ScriptApproved(script);
     person_statements::ScriptLoad(script, person_statements::SelectEmployee(5, 45), {});
     ScriptDate(script, {{7, 5, 45}});
-    const auto error = RaisedBy([&] { return Approve(script); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 13);
-    EXPECT_EQ(LabelsOf(error), Labels{kLabelOfApproval});
+    EXPECT_RAISES_UNDER(13, Labels{kLabelOfApproval}, Approve(script));
     EXPECT_EQ(script.Report(), "");
 }
 
@@ -171,10 +163,7 @@ TEST_F(PersonApprovalTest, ANumberBeyondTheIntegersIsNobodysAndOverflowsWithTheN
     ScriptPerson(script, "2147483648");
     ScriptDate(script, {{7, 5, 45}});
     ScriptNewParticipant(script);
-    const auto error = RaisedBy([&] { return Approve(script); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 6);
-    EXPECT_EQ(LabelsOf(error), Labels{kLabelOfApproval});
+    EXPECT_RAISES_UNDER(6, Labels{kLabelOfApproval}, Approve(script));
     EXPECT_EQ(script.Report(), "");
 }
 

@@ -124,11 +124,9 @@ TEST(clsSerie, AFieldThatDoesNotFitRaisesWithAllLabelsAndTheFieldsBeforeItAreTak
         Script script;
         script.OpenSelect(Select(5)).Rows(kColumns, {row});
         const auto series = Bound(script.Session(), 5);
-        const auto error = RaisedBy([&] { return series->EndeUhrzeit(); });
-        ASSERT_TRUE(error);
-        EXPECT_EQ(error->Number(), c.number);
-        EXPECT_EQ(LabelsOf(error),
-                  (Labels{kOddLabel + "InitPropertiesByRecordset", kOddLabel + "PropertiesInit", kLabel + "EndeUhrzeit"}));
+        EXPECT_RAISES_UNDER(
+            c.number, (Labels{kOddLabel + "InitPropertiesByRecordset", kOddLabel + "PropertiesInit", kLabel + "EndeUhrzeit"}),
+            series->EndeUhrzeit());
         EXPECT_EQ(series->Taeglich(), c.position > 3 ? 3 : 0);
         EXPECT_EQ(series->Samstag(), c.position > 10 ? 3 : 0);
         EXPECT_EQ(script.Report(), "");
@@ -231,10 +229,7 @@ TEST(clsSerie, UpdatePropertyFailsAsDocumentedAtEachStep) {
 
 TEST(clsSerie, UpdatePropertyFromAnEmptyReferenceRaises91) {
     clsSerie series;
-    const auto error = RaisedBy([&] { series.UpdateProperty(nullptr); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 91);
-    EXPECT_EQ(LabelsOf(error), Labels{kOddLabel + "UpdateProperty"});
+    EXPECT_RAISES_UNDER(91, Labels{kOddLabel + "UpdateProperty"}, series.UpdateProperty(nullptr));
 }
 
 TEST(clsSerie, WhatNeedsASessionRaises91WithItsLabelsOnAnUnboundSeries) {
@@ -251,10 +246,7 @@ TEST(clsSerie, WhatNeedsASessionRaises91WithItsLabelsOnAnUnboundSeries) {
     };
     for (const auto& c : cases) {
         clsSerie series;
-        const auto error = RaisedBy([&] { c.call(series); });
-        ASSERT_TRUE(error) << c.labels.back();
-        EXPECT_EQ(error->Number(), 91);
-        EXPECT_EQ(LabelsOf(error), c.labels);
+        EXPECT_RAISES_UNDER(91, c.labels, c.call(series)) << c.labels.back();
     }
 }
 

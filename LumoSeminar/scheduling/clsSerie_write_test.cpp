@@ -14,7 +14,6 @@ using LumoConnection::Script;
 using test_support::ExpectFailures;
 using test_support::kNotOk;
 using test_support::kRaises;
-using test_support::LabelsOf;
 using test_support::RaisedBy;
 
 using Labels = std::vector<std::string>;
@@ -128,10 +127,7 @@ TEST(clsSerie, BehindTheLargestKeyThereIsNone) {
     Script script;
     script.LookupValue("max(SerienID)", "Sem_Serien_IT", "").Gives(2147483647);
     const auto series = Bound(script.Session(), 0);
-    const auto error = RaisedBy([&] { return series->WriteToDatabase(); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 6);
-    EXPECT_EQ(LabelsOf(error), Labels{kOddLabel + "WriteToDatabase"});
+    EXPECT_RAISES_UNDER(6, Labels{kOddLabel + "WriteToDatabase"}, series->WriteToDatabase());
     EXPECT_EQ(series->SerienID(), 0);
     EXPECT_EQ(script.Report(), "");
 }
@@ -273,10 +269,7 @@ TEST(clsSerie, UsesThatCannotBeCountedTogetherRaiseAndDeleteNothing) {
     Script script;
     ScriptCount(script, CountSeminars(5), 2147483647);
     ScriptCount(script, CountDates(5), 1);
-    const auto error = RaisedBy([&] { Bound(script.Session(), 5)->DeleteOldSerie(5); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 6);
-    EXPECT_EQ(LabelsOf(error), Labels{kLabelOfDeleteOld});
+    EXPECT_RAISES_UNDER(6, Labels{kLabelOfDeleteOld}, Bound(script.Session(), 5)->DeleteOldSerie(5));
     EXPECT_EQ(script.Report(), "");
 }
 

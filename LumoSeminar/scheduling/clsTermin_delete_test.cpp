@@ -21,7 +21,6 @@ using namespace termin_statements;
 using test_support::ExpectFailures;
 using test_support::kNotOk;
 using test_support::kRaises;
-using test_support::RaisedBy;
 
 const std::string kRemoveParticipants = "LumoSeminar.colTeilnehmer.RemoveALL";
 const std::string kRemoveFocusAreas = "LumoSeminar.colSemTerminSchwerpunkte.RemoveAll";
@@ -147,10 +146,7 @@ TEST(clsTermin, ADeleteStopsAtAnEntryThatIsFiledUnderAnotherKeyThanItsOwn) {
         script.ExecuteSql(participant::Delete(25));
         const auto date = Bound(script.Session(), 17);
         date->clscolTeilnehmer()->Item(1)->TeilnehmerID(25);
-        const auto error = RaisedBy([&] { return date->DeleteFromDatabase(); });
-        ASSERT_TRUE(error);
-        EXPECT_EQ(error->Number(), 5);
-        EXPECT_EQ(LabelsOf(error), (Labels{kRemoveParticipants, kLabelOfDelete}));
+        EXPECT_RAISES_UNDER(5, (Labels{kRemoveParticipants, kLabelOfDelete}), date->DeleteFromDatabase());
         EXPECT_EQ(date->clscolTeilnehmer()->Count(), 1);
         EXPECT_EQ(script.Report(), "");
     }
@@ -161,10 +157,7 @@ TEST(clsTermin, ADeleteStopsAtAnEntryThatIsFiledUnderAnotherKeyThanItsOwn) {
     ScriptDeleteOfFocusArea(script, 11);
     const auto date = Bound(script.Session(), 17);
     date->clscolSemTerminSchwerpunkte()->Item(1)->SchwerpunktID(11);
-    const auto error = RaisedBy([&] { return date->DeleteFromDatabase(); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 5);
-    EXPECT_EQ(LabelsOf(error), (Labels{kRemoveFocusAreas, kLabelOfDelete}));
+    EXPECT_RAISES_UNDER(5, (Labels{kRemoveFocusAreas, kLabelOfDelete}), date->DeleteFromDatabase());
     EXPECT_EQ(date->clscolSemTerminSchwerpunkte()->Count(), 1);
     EXPECT_EQ(script.Report(), "");
 }

@@ -340,10 +340,7 @@ TEST(clsTermin, PlacesThatDoNotFitRaiseOverflow) {
         if (c.places) {
             EXPECT_EQ(date->AnzFreiePlaetze(), *c.places);
         } else {
-            const auto error = RaisedBy([&] { return date->AnzFreiePlaetze(); });
-            ASSERT_TRUE(error);
-            EXPECT_EQ(error->Number(), 6);
-            EXPECT_EQ(LabelsOf(error), Labels{kLabelOfPlaces});
+            EXPECT_RAISES_UNDER(6, Labels{kLabelOfPlaces}, date->AnzFreiePlaetze());
         }
         EXPECT_EQ(date->AnzAnmeldungen(), static_cast<Int16>(c.enrolments.size()));
         EXPECT_EQ(script.Report(), "");
@@ -396,10 +393,7 @@ TEST(clsTermin, MoreThan32767EnrolledRaiseOverflowAlsoWhereThePlacesWouldFit) {
     ASSERT_TRUE(count);
     EXPECT_EQ(count->Number(), 6);
     EXPECT_EQ(LabelsOf(count), Labels{kLabelOfCount});
-    const auto places = RaisedBy([&] { return date->AnzFreiePlaetze(); });
-    ASSERT_TRUE(places);
-    EXPECT_EQ(places->Number(), 6);
-    EXPECT_EQ(LabelsOf(places), (Labels{kLabelOfCount, kLabelOfPlaces}));
+    EXPECT_RAISES_UNDER(6, (Labels{kLabelOfCount, kLabelOfPlaces}), date->AnzFreiePlaetze());
     date->clscolTeilnehmer()->Item(1)->Teilnahme(0);
     EXPECT_EQ(date->AnzAnmeldungen(), 32767) << "the cancelled do not count";
 }

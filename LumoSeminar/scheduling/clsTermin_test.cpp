@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include <LumoConnection/script/script_session.h>
 #include <test_support/day_statements.h>
 #include <test_support/failures.h>
@@ -38,15 +36,9 @@ TEST(clsTermin, InitIsTrueWithAnEmptySessionAndTheFirstLoadRaises91) {
     EXPECT_EQ(date->Key(), "0000000017");
     for (const auto& property : All(17)) {
         SCOPED_TRACE(property.label);
-        const auto error = RaisedBy([&] { return property.get(*date); });
-        ASSERT_TRUE(error);
-        EXPECT_EQ(error->Number(), 91);
-        EXPECT_EQ(LabelsOf(error), (Labels{kLabel + "PropertiesInit", kLabel + property.label + " --> GET"}));
+        EXPECT_RAISES_UNDER(91, (Labels{kLabel + "PropertiesInit", kLabel + property.label + " --> GET"}), property.get(*date));
     }
-    const auto email = RaisedBy([&] { return date->SachbearbeiterEmail(); });
-    ASSERT_TRUE(email);
-    EXPECT_EQ(email->Number(), 91);
-    EXPECT_EQ(LabelsOf(email), Labels{kLabel + "SachbearbeiterEmail"});
+    EXPECT_RAISES_UNDER(91, Labels{kLabel + "SachbearbeiterEmail"}, date->SachbearbeiterEmail());
     EXPECT_RAISES(91, date->WriteToDatabase());
     EXPECT_RAISES(91, date->DeleteFromDatabase());
 }

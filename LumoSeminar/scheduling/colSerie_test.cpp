@@ -14,8 +14,6 @@ namespace {
 
 using namespace serie_statements;
 using LumoConnection::Script;
-using test_support::LabelsOf;
-using test_support::RaisedBy;
 
 using Labels = std::vector<std::string>;
 
@@ -86,20 +84,14 @@ TEST(colSerie, TwoNewSeriesCollideOnTheKey) {
     colSerie list;
     const auto first = New<clsSerie>();
     list.Add(first);
-    const auto error = RaisedBy([&] { return list.Add(New<clsSerie>()); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 457);
-    EXPECT_EQ(LabelsOf(error), Labels{kLabelOfAdd});
+    EXPECT_RAISES_UNDER(457, Labels{kLabelOfAdd}, list.Add(New<clsSerie>()));
     EXPECT_EQ(list.Count(), 1);
     EXPECT_EQ(list.Item(1), first);
 }
 
 TEST(colSerie, AddOfAnEmptyReferenceRaises91) {
     colSerie list;
-    const auto error = RaisedBy([&] { return list.Add(nullptr); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 91);
-    EXPECT_EQ(LabelsOf(error), Labels{kLabelOfAdd});
+    EXPECT_RAISES_UNDER(91, Labels{kLabelOfAdd}, list.Add(nullptr));
     EXPECT_EQ(list.Count(), 0);
 }
 
@@ -151,10 +143,7 @@ TEST(colSerie, AListThatHasASessionTakesAnEmptyOneAndRaises91) {
     Script script;
     colSerie list;
     SessionOf(list) = script.Session();
-    const auto error = RaisedBy([&] { return list.Init(nullptr); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 91);
-    EXPECT_EQ(LabelsOf(error), kLabelsOfLoad);
+    EXPECT_RAISES_UNDER(91, kLabelsOfLoad, list.Init(nullptr));
     EXPECT_EQ(list.Init(script.Session()), false) << "fresh again";
     EXPECT_TRUE(script.Calls().empty());
 }

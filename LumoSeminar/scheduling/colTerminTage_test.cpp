@@ -18,7 +18,6 @@ using LumoConnection::Script;
 using test_support::ExpectFailures;
 using test_support::kNotOk;
 using test_support::kRaises;
-using test_support::LabelsOf;
 using test_support::RaisedBy;
 
 using Labels = std::vector<std::string>;
@@ -116,10 +115,7 @@ TEST(colTerminTage, TwoRowsOfOneDayRaise457AlsoWhereTheirTimesDiffer) {
     Script script;
     script.OpenSelect(SelectDays(17)).Rows(kDayColumns, {{kMonday}, {DateTime::Of(2010, 3, 1, 14, 0)}});
     colTerminTage list;
-    const auto error = RaisedBy([&] { return list.Init(17, script.Session()); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 457);
-    EXPECT_EQ(LabelsOf(error), kLabelsOfALoad);
+    EXPECT_RAISES_UNDER(457, kLabelsOfALoad, list.Init(17, script.Session()));
 }
 
 TEST(colTerminTage, DaysThatTheDatabaseKeepsInAnotherTypeAreDays) {
@@ -229,14 +225,8 @@ TEST(colTerminTage, AddRaisesForADayThatIsThereAndForNothing) {
     Script script;
     ScriptList(script, 17, {{kMonday}});
     const auto list = Listed(script.Session());
-    const auto twice = RaisedBy([&] { return list->Add(list->Item(1)); });
-    ASSERT_TRUE(twice);
-    EXPECT_EQ(twice->Number(), 457);
-    EXPECT_EQ(LabelsOf(twice), Labels{kLabel + "Add"});
-    const auto nothing = RaisedBy([&] { return list->Add(nullptr); });
-    ASSERT_TRUE(nothing);
-    EXPECT_EQ(nothing->Number(), 91);
-    EXPECT_EQ(LabelsOf(nothing), Labels{kLabel + "Add"});
+    EXPECT_RAISES_UNDER(457, Labels{kLabel + "Add"}, list->Add(list->Item(1)));
+    EXPECT_RAISES_UNDER(91, Labels{kLabel + "Add"}, list->Add(nullptr));
     EXPECT_EQ(list->Count(), 1);
 }
 
@@ -370,10 +360,7 @@ TEST(colTerminTage, ADayThatTheDatabaseTakesTwiceIsWrittenAndRefusedByTheList) {
     ScriptList(script, 17, {{kWednesday}});
     script.ExecuteSql(InsertDay(17, "03.03.2010", "08:00", "16:00"));
     const auto list = Listed(script.Session());
-    const auto error = RaisedBy([&] { list->NewTerminTag(kWednesday, kEight, kFour); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 457);
-    EXPECT_EQ(LabelsOf(error), (Labels{kLabel + "Add", kLabelOfNewTerminTag}));
+    EXPECT_RAISES_UNDER(457, (Labels{kLabel + "Add", kLabelOfNewTerminTag}), list->NewTerminTag(kWednesday, kEight, kFour));
     EXPECT_EQ(list->Count(), 1);
     EXPECT_EQ(script.Report(), "");
 }

@@ -19,8 +19,6 @@ using LumoConnection::Script;
 using test_support::ExpectFailures;
 using test_support::kNotOk;
 using test_support::kRaises;
-using test_support::LabelsOf;
-using test_support::RaisedBy;
 
 using Labels = std::vector<std::string>;
 
@@ -310,15 +308,9 @@ TEST(colTermine, AddRaisesForADateThatIsThereAndForNothing) {
     ScriptList(script, kThree);
     const auto list = Listed(script.Session());
     auto date = NewDate(script.Session(), 17);
-    const auto twice = RaisedBy([&] { return list->Add(date); });
-    ASSERT_TRUE(twice);
-    EXPECT_EQ(twice->Number(), 457);
-    EXPECT_EQ(LabelsOf(twice), Labels{kLabelOfAdd});
+    EXPECT_RAISES_UNDER(457, Labels{kLabelOfAdd}, list->Add(date));
     Ref<clsTermin> nothing;
-    const auto empty = RaisedBy([&] { return list->Add(nothing); });
-    ASSERT_TRUE(empty);
-    EXPECT_EQ(empty->Number(), 91);
-    EXPECT_EQ(LabelsOf(empty), Labels{kLabelOfAdd});
+    EXPECT_RAISES_UNDER(91, Labels{kLabelOfAdd}, list->Add(nothing));
     EXPECT_EQ(list->Count(), 3);
 }
 
@@ -354,10 +346,7 @@ TEST(colTermine, ChangeKeyRaisesWithoutALabelAndLeavesTheListAsItWas) {
         Int32 number;
     } cases[] = {{"0000000018", "0000000099", 5}, {"0000000017", "0000000019", 457}, {"0000000017", "0000000017", 457}};
     for (const auto& c : cases) {
-        const auto error = RaisedBy([&] { return list->ChangeKey(c.old_key, c.new_key); });
-        ASSERT_TRUE(error) << c.old_key;
-        EXPECT_EQ(error->Number(), c.number);
-        EXPECT_EQ(LabelsOf(error), Labels{});
+        EXPECT_RAISES_UNDER(c.number, Labels{}, list->ChangeKey(c.old_key, c.new_key)) << c.old_key;
         EXPECT_EQ(KeysOf(list), (std::vector<Text>{"0000000023", "0000000017", "0000000019"}));
     }
 }

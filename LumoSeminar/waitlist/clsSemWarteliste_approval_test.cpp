@@ -26,7 +26,6 @@ using termin_statements::With;
 using test_support::ExpectFailures;
 using test_support::kNotOk;
 using test_support::kRaises;
-using test_support::LabelsOf;
 using test_support::RaisedBy;
 namespace costs = cost_statements;
 namespace dates = termin_statements;
@@ -437,10 +436,8 @@ TEST_F(clsSemWartelisteApproval, ACostCentreThatIsNoNumberRaisesUnderBothLabelsA
         ScriptNewParticipant(script);
         script.OpenSelect(SelectCostCentre(5, 45, "03.03.2010", "05.03.2010")).Rows({"Kost"}, {{value}});
         const auto entry = Bound(script.Session());
-        const auto error = RaisedBy([&] { return entry->TeilnahmeGenehmigen(kUserID); });
-        ASSERT_TRUE(error);
-        EXPECT_EQ(error->Number(), number);
-        EXPECT_EQ(LabelsOf(error), (Labels{" in LumoSeminar.GetKostAN", " in LumoSeminar.TeilnahmeGenehmigen"}));
+        EXPECT_RAISES_UNDER(number, (Labels{" in LumoSeminar.GetKostAN", " in LumoSeminar.TeilnahmeGenehmigen"}),
+                            entry->TeilnahmeGenehmigen(kUserID));
         EXPECT_EQ(script.Report(), "");
     }
 }
@@ -474,11 +471,7 @@ TEST_F(clsSemWartelisteApproval, WhereNoCostTypeCouldBeMadeTheSecondLookupRaises
     ScriptCostType(script, kNull);
     const auto entry = Bound(script.Session());
     entry->DoSendInfos(false);
-    const auto error = RaisedBy([&] { return entry->TeilnahmeGenehmigen(kUserID); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 94);
-    EXPECT_EQ(error->Source(), "LumoSeminar");
-    EXPECT_EQ(LabelsOf(error), kLabels);
+    EXPECT_RAISES_UNDER(94, kLabels, entry->TeilnahmeGenehmigen(kUserID));
     EXPECT_EQ(script.Report(), "");
 }
 

@@ -322,10 +322,7 @@ TEST(clsSemWarteliste, MembersWithAHandlerAddTheirLabelAndTheOthersNone) {
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.member);
-        const auto error = RaisedBy([&] { return c.run(*New<clsSemWarteliste>()), 0; });
-        ASSERT_TRUE(error);
-        EXPECT_EQ(error->Number(), 91);
-        EXPECT_EQ(LabelsOf(error), c.labels);
+        EXPECT_RAISES_UNDER(91, c.labels, c.run(*New<clsSemWarteliste>()));
     }
 }
 

@@ -328,10 +328,7 @@ TEST_F(clsSemWartelisteWrite, TheFirstKeyIs1AndBehindTheLargestThereIsNone) {
     ScriptLogin(full);
     ScriptLargestKey(full, 2147483647);
     const auto entry = NewEntry(full.Session(), 17, 0);
-    const auto error = RaisedBy([&] { return entry->WriteToDatabase(kUserID); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 6);
-    EXPECT_EQ(LabelsOf(error), kLabelsOfWrite);
+    EXPECT_RAISES_UNDER(6, kLabelsOfWrite, entry->WriteToDatabase(kUserID));
     EXPECT_EQ(entry->SemWartelisteID(), 0);
     EXPECT_EQ(full.Report(), "");
 }

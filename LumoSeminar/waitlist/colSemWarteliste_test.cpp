@@ -185,11 +185,7 @@ TEST(colSemWarteliste, AnEntryThatComesTwiceRaises457AndTheFirstAndThoseBeforeIt
         Script script;
         script.OpenSelect(SelectList(loader.where)).Rows(kColumns, {NullRow(7), RowOfDate(42, 17), RowOfDate(42, 18), NullRow(43)});
         colSemWarteliste list;
-        const auto error = RaisedBy([&] { return loader.load(list, script.Session()); });
-        ASSERT_TRUE(error);
-        EXPECT_EQ(error->Number(), 457);
-        EXPECT_EQ(error->Source(), "LumoSeminar");
-        EXPECT_EQ(LabelsOf(error), kLabelsOfLoad);
+        EXPECT_RAISES_UNDER(457, kLabelsOfLoad, loader.load(list, script.Session()));
         EXPECT_EQ(KeysOf(list), (Keys{"7", "42"}));
         EXPECT_EQ(list.Item("42")->SemTerminID(), 17);
         EXPECT_EQ(script.Report(), "") << "the rows are not closed";
@@ -203,10 +199,7 @@ TEST(colSemWarteliste, ASecondLoadAddsToTheFirstAndRaises457AtTheFirstEntryThatI
     list->LoadListSeminartermin(script.Session(), 17);
     EXPECT_EQ(KeysOf(*list), (Keys{"7", "42"}));
     script.OpenSelect(SelectList(WhereSeminar(105))).Rows(kColumns, {NullRow(43), NullRow(7), NullRow(44)});
-    const auto error = RaisedBy([&] { return list->LoadListSeminar(script.Session(), 105); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 457);
-    EXPECT_EQ(LabelsOf(error), kLabelsOfLoad);
+    EXPECT_RAISES_UNDER(457, kLabelsOfLoad, list->LoadListSeminar(script.Session(), 105));
     EXPECT_EQ(KeysOf(*list), (Keys{"7", "42", "43"}));
     EXPECT_EQ(script.Report(), "");
 }
@@ -244,14 +237,8 @@ TEST(colSemWarteliste, AnEmptySessionRaises91AndIsKeptToo) {
         SCOPED_TRACE(loader.name);
         Script script;
         const auto list = Loaded(script, {});
-        const auto error = RaisedBy([&] { return loader.load(*list, nullptr); });
-        ASSERT_TRUE(error);
-        EXPECT_EQ(error->Number(), 91);
-        EXPECT_EQ(LabelsOf(error), kLabelsOfLoad);
-        const auto load = RaisedBy([&] { return list->Add(42)->MDNR(); });
-        ASSERT_TRUE(load);
-        EXPECT_EQ(load->Number(), 91);
-        EXPECT_EQ(LabelsOf(load), Labels{" in LumoSeminar.IsInitialized"});
+        EXPECT_RAISES_UNDER(91, kLabelsOfLoad, loader.load(*list, nullptr));
+        EXPECT_RAISES_UNDER(91, Labels{" in LumoSeminar.IsInitialized"}, list->Add(42)->MDNR());
         EXPECT_TRUE(script.SessionReleased());
     }
 }
@@ -274,10 +261,7 @@ TEST(colSemWarteliste, AddBeforeAnyLoaderGivesAnEntryWithoutASession) {
     const auto entry = list.Add(42);
     EXPECT_EQ(list.Item("42"), entry);
     EXPECT_EQ(entry->SemWartelisteID(), 42);
-    const auto error = RaisedBy([&] { return entry->Status(); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 91);
-    EXPECT_EQ(LabelsOf(error), Labels{" in LumoSeminar.IsInitialized"});
+    EXPECT_RAISES_UNDER(91, Labels{" in LumoSeminar.IsInitialized"}, entry->Status());
     Script script;
     ScriptList(script, "");
     list.LoadListComplete(script.Session());
@@ -300,16 +284,10 @@ TEST(colSemWarteliste, AddFilesABoundEntryAtTheEndWithoutAStatement) {
 TEST(colSemWarteliste, AKeyThatIsThereRaises457FromAddWithoutALabelAndFromALoaderWithOne) {
     Script script;
     const auto list = Loaded(script, {7});
-    const auto add = RaisedBy([&] { return list->Add(7); });
-    ASSERT_TRUE(add);
-    EXPECT_EQ(add->Number(), 457);
-    EXPECT_EQ(LabelsOf(add), Labels{});
+    EXPECT_RAISES_UNDER(457, Labels{}, list->Add(7));
     list->Add(42);
     script.OpenSelect(SelectList()).Rows(kColumns, {NullRow(42)});
-    const auto load = RaisedBy([&] { return list->LoadListComplete(script.Session()); });
-    ASSERT_TRUE(load);
-    EXPECT_EQ(load->Number(), 457);
-    EXPECT_EQ(LabelsOf(load), kLabelsOfLoad);
+    EXPECT_RAISES_UNDER(457, kLabelsOfLoad, list->LoadListComplete(script.Session()));
     EXPECT_EQ(KeysOf(*list), (Keys{"7", "42"}));
 }
 
@@ -384,10 +362,7 @@ TEST(colSemWarteliste, TheWaitListOfADateFailsAsDocumentedAtEachStepAndWithoutAS
     ExpectFailures([](Script& script) { ScriptList(script, WhereDate(17), {RowOfDate(42, 17)}); },
                    [](const Ref<DataSession>& session) { Date17(session)->colWarteliste(); },
                    {{1, kNotOk, 9999, kLabelsOfDate}, {1, kRaises, 7001, kLabelsOfDate}, {2, kRaises, 7001, kLabelsOfDate}});
-    const auto error = RaisedBy([&] { return New<clsTermin>()->colWarteliste(); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 91);
-    EXPECT_EQ(LabelsOf(error), kLabelsOfDate);
+    EXPECT_RAISES_UNDER(91, kLabelsOfDate, New<clsTermin>()->colWarteliste());
 }
 
 // The interest list of a seminar
@@ -433,10 +408,7 @@ TEST(colSemWarteliste, AnInterestListThatFailsRaisesWithoutALabelOfTheSeminarAnd
     ScriptSeminar(script);
     script.OpenSelect(SelectList(WhereSeminar(105))).Rows(kColumns, {NullRow(42), NullRow(42)});
     const auto seminar = Seminar105(script.Session());
-    const auto error = RaisedBy([&] { return seminar->colInteressentenliste(); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 457);
-    EXPECT_EQ(LabelsOf(error), kLabelsOfLoad);
+    EXPECT_RAISES_UNDER(457, kLabelsOfLoad, seminar->colInteressentenliste());
     EXPECT_EQ(KeysOf(*seminar->colInteressentenliste()), Keys{"42"});
     EXPECT_EQ(script.Report(), "");
 }

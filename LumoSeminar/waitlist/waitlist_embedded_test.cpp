@@ -230,10 +230,8 @@ TEST_F(WaitListForReal, WhereTheRowCannotBeTakenBackItStaysWithoutABinding) {
     const auto session = Database();
     const auto entry = NewEntry(session, 17);
     Write(*session, "DROP TABLE Sem_WartelisteTermin_IT");
-    const auto error = RaisedBy([&] { return entry->WriteToDatabase(kUserID); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 9999);
-    EXPECT_EQ(LabelsOf(error), (Labels{" in LumoSeminar.DeleteFromDatabase", " in LumoSeminar.WriteToDatabase"}));
+    EXPECT_RAISES_UNDER(9999, (Labels{" in LumoSeminar.DeleteFromDatabase", " in LumoSeminar.WriteToDatabase"}),
+                        entry->WriteToDatabase(kUserID));
     EXPECT_EQ(Stored(session).size(), 1U);
 }
 
@@ -261,10 +259,7 @@ TEST_F(WaitListForReal, OfTwoWritersWithOneKeyTheSecondIsRefused) {
     const auto session = Database();
     const auto second = NewEntry(New<AskedTooEarly>(session), 18);
     EXPECT_EQ(NewEntry(session, 17)->WriteToDatabase(kUserID), true);
-    const auto error = RaisedBy([&] { return second->WriteToDatabase(kUserID); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 9999);
-    EXPECT_EQ(LabelsOf(error), Labels{" in LumoSeminar.WriteToDatabase"});
+    EXPECT_RAISES_UNDER(9999, Labels{" in LumoSeminar.WriteToDatabase"}, second->WriteToDatabase(kUserID));
     EXPECT_EQ(Stored(session).size(), 1U);
     EXPECT_EQ(OnDates(session), (Rows{{1, 17}})) << "the row of the first is not taken back";
 }
@@ -288,10 +283,7 @@ TEST_F(WaitListForReal, AloneTheEntryOfSeminar300OverflowsItsStatusAndInItsListI
     Store(session, 7, "14.02.2010 08:30:05");
     BindToSeminar(session, 7, 300);
     const auto entry = Bound(session, 7);
-    const auto error = RaisedBy([&] { return entry->Status(); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 6);
-    EXPECT_EQ(LabelsOf(error), Labels{" in LumoSeminar.IsInitialized"});
+    EXPECT_RAISES_UNDER(6, Labels{" in LumoSeminar.IsInitialized"}, entry->Status());
     EXPECT_RAISES(6, entry->TNID());
     EXPECT_EQ(All(session)->Item("7")->Status(), 1);
 
@@ -359,10 +351,7 @@ TEST_F(WaitListForReal, AnEntryOfTwoDatesBreaksTheListsThatShowBoth) {
     of_date.LoadListSeminartermin(session, 17);
     EXPECT_EQ(of_date.Count(), 2);
     const auto of_person = New<colSemWarteliste>();
-    const auto error = RaisedBy([&] { return of_person->LoadWartelisteMA(session, 5, 45); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), 457);
-    EXPECT_EQ(LabelsOf(error), Labels{" in LumoSeminar.LoadList"});
+    EXPECT_RAISES_UNDER(457, Labels{" in LumoSeminar.LoadList"}, of_person->LoadWartelisteMA(session, 5, 45));
     EXPECT_EQ(KeysOf(of_person), (Keys{"1", "2"}));
 }
 
