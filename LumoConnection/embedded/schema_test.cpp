@@ -10,6 +10,7 @@
 #include <LumoConnection/tables/create_tables.h>
 #include <LumoConnection/tables/sample_year.h>
 #include <test_support/embedded.h>
+#include <test_support/places.h>
 
 // The files of the schema folder: the tables that are there, and a sample company that one can believe.
 namespace LumoConnection {
@@ -388,7 +389,8 @@ TEST_F(Sample, HasSomethingOfEverything) {
 Ref<AnySession> SampleOf(int first_year) {
     auto session = New<AnySession>();
     EXPECT_TRUE(session->Connect("Provider=Embedded;Data Source=:memory:", "sa", "", 30));
-    EXPECT_TRUE(CreateTables(session, kWithSample, {}, {.schema = LUMO_SOURCE_DIR "/schema", .sample_year = first_year}));
+    EXPECT_TRUE(CreateTables(session, kWithSample, {},
+                             {.schema = test_support::SourceDir() + "/schema", .sample_year = first_year}));
     return session;
 }
 

@@ -16,6 +16,7 @@
 #include <LumoConnection/stored_rows.h>
 #include <LumoConnection/text_file.h>
 #include <test_support/embedded.h>
+#include <test_support/places.h>
 #include <test_support/processes.h>
 #include <test_support/raises.h>
 
@@ -75,7 +76,8 @@ TEST(Recording, IsWrittenAsTheLinesThatWriteTheScript) {
     const auto recording = Recording();
     const std::string seen = Walk(recording);
     // The lines stand in a file that is compiled here, too.
-    EXPECT_EQ(recording->Recorded().CppText(), ReadTextFile(LUMO_SOURCE_DIR "/LumoConnection/script/testdata/recorded.inc"));
+    EXPECT_EQ(recording->Recorded().CppText(),
+              ReadTextFile(test_support::SourceDir() + "/LumoConnection/script/testdata/recorded.inc"));
     Script script;
 #include <LumoConnection/script/testdata/recorded.inc>
     EXPECT_EQ(script.FileText(), recording->Recorded().FileText());

@@ -11,6 +11,7 @@
 #include <LumoConnection/text_file.h>
 #include <LumoSeminar/frame/clock.h>
 #include <test_support/embedded.h>
+#include <test_support/places.h>
 #include <test_support/processes.h>
 #include <test_support/raises.h>
 
@@ -19,7 +20,7 @@ namespace {
 
 using testing::HasSubstr;
 
-const std::filesystem::path kSchema = LUMO_SOURCE_DIR "/schema";
+const std::filesystem::path kSchema = test_support::SourceDir() + "/schema";
 
 // The variable of the environment, as it was before at its end.
 class SchemaVariable {
