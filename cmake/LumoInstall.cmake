@@ -9,8 +9,11 @@ install(
     FILE_SET HEADERS
 )
 install(EXPORT LumoSeminarTargets NAMESPACE LumoSeminar:: DESTINATION ${package_dir})
+set(schema_dir ${CMAKE_INSTALL_DATADIR}/lumoseminar)
 configure_package_config_file(
-    cmake/LumoSeminarConfig.cmake.in cmake/LumoSeminarConfig.cmake INSTALL_DESTINATION ${package_dir}
+    cmake/LumoSeminarConfig.cmake.in cmake/LumoSeminarConfig.cmake
+    INSTALL_DESTINATION ${package_dir}
+    PATH_VARS schema_dir
 )
 write_basic_package_version_file(cmake/LumoSeminarConfigVersion.cmake COMPATIBILITY SameMinorVersion)
 install(
@@ -29,7 +32,7 @@ endforeach()
 
 install(
     FILES schema/schema.sql schema/sample.sql schema/process.sql schema/process_sample.sql
-    DESTINATION ${CMAKE_INSTALL_DATADIR}/lumoseminar
+    DESTINATION ${schema_dir}
 )
 if(LUMOSEMINAR_FRONTEND)
     install(TARGETS lumoseminar)

@@ -1,6 +1,6 @@
 # cmake -DBUILD= -DSOURCE= -DCXX= -DFLAGS= -DCONFIG= -P PackageTest.cmake
-# Installs a built tree, moves it, and builds and runs the examples from it: with find_package(), and examples/package
-# with the flags of pkg-config as well.
+# Installs a built tree, moves it, and builds and runs the examples from it: with find_package(), and all but
+# examples/front_end with the flags of pkg-config as well.
 cmake_minimum_required(VERSION 3.25)
 
 set(work ${BUILD}/package_test)
@@ -55,13 +55,19 @@ function(build_example example folder)
     check_run(ignored ${CMAKE_COMMAND} --build ${folder})
 endfunction()
 
+# Runs a program in an empty folder of its own, far from the package.
+function(expect_output example program)
+    file(READ ${SOURCE}/examples/${example}/expected_output.txt expected)
+    file(MAKE_DIRECTORY ${work}/elsewhere)
+    check_run(output ${CMAKE_COMMAND} -E chdir ${work}/elsewhere ${program})
+    if(NOT output STREQUAL expected)
+        message(NOTICE "${program} printed:\n${output}\nbut was to print:\n${expected}")
+        message(FATAL_ERROR "Wrong output")
+    endif()
+endfunction()
+
 build_example(front_end ${work}/front_end)
-check_run(output ${work}/front_end/front_end_example)
-file(READ ${SOURCE}/examples/front_end/expected_output.txt expected)
-if(NOT output STREQUAL expected)
-    message(NOTICE "front_end_example printed:\n${output}\nbut was to print:\n${expected}")
-    message(FATAL_ERROR "Wrong output")
-endif()
+expect_output(front_end ${work}/front_end/front_end_example)
 
 build_example(package ${work}/consumer)
 
@@ -69,9 +75,29 @@ set(ENV{PKG_CONFIG_PATH} ${pkgconfig_dir})
 check_run(pkgconfig_flags pkg-config --cflags --libs LumoConnection)
 separate_arguments(pkgconfig_flags UNIX_COMMAND "${pkgconfig_flags}")
 separate_arguments(compile_flags UNIX_COMMAND "${FLAGS}")
-check_run(
-    ignored ${CXX} ${compile_flags} ${SOURCE}/examples/package/main.cpp -o ${work}/by_pkgconfig ${pkgconfig_flags}
-)
+function(build_by_pkgconfig example program)
+    check_run(ignored ${CXX} ${compile_flags} ${SOURCE}/examples/${example}/main.cpp -o ${program} ${pkgconfig_flags})
+endfunction()
+build_by_pkgconfig(package ${work}/by_pkgconfig)
+
+# The tables' definitions are found from each kind of library, in a package that was moved. The programs lie too deep to
+# find those of the source tree; beside them lies a folder of the same name that holds something else.
+check_run(schema_dir pkg-config --variable=schemadir LumoConnection)
+string(STRIP "${schema_dir}" schema_dir)
+cmake_path(NORMAL_PATH schema_dir)
+if(NOT EXISTS ${schema_dir}/schema.sql)
+    message(FATAL_ERROR "pkg-config names ${schema_dir} as the folder of schema.sql")
+endif()
+set(planning ${work}/planning/far/away)
+build_example(planning ${planning})
+build_by_pkgconfig(planning ${planning}/planning_by_pkgconfig)
+file(MAKE_DIRECTORY ${planning}/schema)
+file(WRITE ${planning}/schema/schema.sql "CREATE TABLE Other (a int)")
+set(ENV{LD_LIBRARY_PATH} ${library_dir})
+unset(ENV{LUMOSEMINAR_SCHEMA})
+foreach(program planning_example planning_example_static planning_by_pkgconfig)
+    expect_output(planning ${planning}/${program})
+endforeach()
 
 # The program of the README, on a fresh sample database each time.
 file(READ ${SOURCE}/README.md readme)
