@@ -52,7 +52,8 @@ CREATE TABLE Sem_ProzessSchritt_IT (
     Status tinyint NOT NULL,
     -- the stage that decides next; NULL where the process is over
     NaechsteStufe int NULL,
-    -- whose subject it is: client, and number of the person; NULL where the step does not know
+    -- whose subject it is: client, and number of the person; NULL where the step does not know. A process whose last step
+    -- names somebody else is not looked at: keys of deleted subjects are given out again.
     MDNr int NULL,
     PersonID int NULL,
     CONSTRAINT PK_Sem_ProzessSchritt_IT PRIMARY KEY (ModulNr, SchluesselID, SchrittNr)
