@@ -4,6 +4,8 @@
 /// OdbcAvailable() is false and OdbcSession is not there to be linked.
 
 #include <LumoConnection/any_session.h>
+#include <LumoConnection/batches.h>
+#include <LumoConnection/connection_text.h>
 #include <LumoConnection/embedded/session.h>
 #include <LumoConnection/install.h>
 #include <LumoConnection/odbc/odbc_session.h>
@@ -15,4 +17,5 @@
 #include <LumoConnection/script/script_session.h>
 #include <LumoConnection/stored_rows.h>
 #include <LumoConnection/tables/create_tables.h>
+#include <LumoConnection/text_file.h>
 #include <LumoConnection/tracing/tracing_session.h>
