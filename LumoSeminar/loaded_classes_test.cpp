@@ -274,17 +274,18 @@ TEST_P(ClassesThatClose, CountAsReadOrReadAgainWhereTheRowsCannotBeClosed) {
 
 TEST_P(ClassesWithMisfits, RaiseForAValueThatDoesNotFitAndStayUnread) {
     for (const auto& misfit : kind_.misfits) {
-        SCOPED_TRACE(kind_.columns[misfit.column]);
         auto row = kind_.full;
         row[misfit.column] = misfit.value;
-        Loaded loaded(kind_);
-        for (int i = 0; i < 2; ++i) loaded.script.OpenSelect(kind_.select).Rows(kind_.columns, {row});
-        auto& object = loaded.Bound();
-        const auto first = Those(&Property::get_loads)[0];
-        Labels labels = LabelsOfUse(first.of_get);
-        labels.insert(labels.begin(), kind_.of_row.begin(), kind_.of_row.end());
-        for (int i = 0; i < 2; ++i) EXPECT_RAISES_UNDER(misfit.number, labels, first.get(object));
-        loaded.Done();
+        for (const auto& property : Those(&Property::get_loads)) {
+            SCOPED_TRACE(kind_.columns[misfit.column] + ", seen by " + property.name);
+            Loaded loaded(kind_);
+            for (int i = 0; i < 2; ++i) loaded.script.OpenSelect(kind_.select).Rows(kind_.columns, {row});
+            auto& object = loaded.Bound();
+            Labels labels = LabelsOfUse(property.of_get);
+            labels.insert(labels.begin(), kind_.of_row.begin(), kind_.of_row.end());
+            for (int i = 0; i < 2; ++i) EXPECT_RAISES_UNDER(misfit.number, labels, property.get(object));
+            loaded.Done();
+        }
     }
 }
 

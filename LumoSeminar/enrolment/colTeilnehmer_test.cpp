@@ -88,6 +88,7 @@ TEST_F(colTeilnehmerTest, AFilterIsGluedOnAsItStands) {
     } cases[] = {
         {" AND Teilnahme <> 0", "SELECT TeilnehmerID FROM Sem_Teilnehmer_IT WHERE SemTerminID = 17 AND Teilnahme <> 0"},
         {" ORDER BY ErfDatum DESC", "SELECT TeilnehmerID FROM Sem_Teilnehmer_IT WHERE SemTerminID = 17 ORDER BY ErfDatum DESC"},
+        {" Teilnahme <> 0", "SELECT TeilnehmerID FROM Sem_Teilnehmer_IT WHERE SemTerminID = 17 Teilnahme <> 0"},
         {"5", "SELECT TeilnehmerID FROM Sem_Teilnehmer_IT WHERE SemTerminID = 175"},
         {" AND ErfUser = 'Käthe's \"{SemTerminID} %s", SelectKeys(17, " AND ErfUser = 'Käthe's \"{SemTerminID} %s")},
         {Text("\xFF\r\na\0b", 6), SelectKeys(17, std::string("\xFF\r\na\0b", 6))},
