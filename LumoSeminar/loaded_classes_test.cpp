@@ -194,7 +194,9 @@ TEST_P(LoadedClasses, LoadBeforeALetOrLoseItToTheLoad) {
                 loaded.Done();
             } else {
                 EXPECT_EQ(loaded.script.Calls().size(), calls) << "a let that stores costs nothing";
-                if (!property.get_loads) EXPECT_EQ(property.get(object), property.other);
+                if (!property.get_loads) {
+                    EXPECT_EQ(property.get(object), property.other);
+                }
                 Those(&Property::get_loads)[0].get(object);
                 Expect(object, as_read);
                 property.let(object, property.other);
