@@ -1,6 +1,9 @@
 #include <LumoSeminar/frame/date_time.h>
 
 #include <cmath>
+#include <ostream>
+
+#include <LumoSeminar/frame/text_form.h>
 
 namespace LumoSeminar {
 namespace {
@@ -10,8 +13,10 @@ using std::chrono::local_days;
 using std::chrono::milliseconds;
 
 constexpr local_days kBaseDate{std::chrono::year{1899} / 12 / 30};
-constexpr local_days kFirstDate{std::chrono::year{100} / 1 / 1};
-constexpr local_days kLastDate{std::chrono::year{9999} / 12 / 31};
+constexpr std::chrono::year kFirstYear{100};
+constexpr std::chrono::year kLastYear{9999};
+constexpr local_days kFirstDate{kFirstYear / 1 / 1};
+constexpr local_days kLastDate{kLastYear / 12 / 31};
 constexpr milliseconds kDay{days{1}};
 
 struct Parts {
@@ -29,6 +34,17 @@ Parts Split(Double value) {
         if (kBaseDate + days{parts.day} > kLastDate) return {parts.day - 1, kDay - milliseconds{1}};
     }
     return parts;
+}
+
+// The calendar repeats itself after so many years.
+constexpr int kCycle = 400;
+
+// Asked before any of the numbers becomes one of <chrono>, which keeps 16 bits of a year and 8 of a month or a day.
+bool IsInCalendar(int year, unsigned month, unsigned day) {
+    using namespace std::chrono;
+    if (month < 1 || month > 12) return false;
+    const auto last = (std::chrono::year(2 * kCycle + year % kCycle) / std::chrono::month(month) / std::chrono::last).day();
+    return day >= 1 && day <= static_cast<unsigned>(last);
 }
 
 }  // namespace
@@ -49,10 +65,11 @@ DateTime::DateTime(local_days date, milliseconds time) {
 }
 
 DateTime DateTime::Of(int year, unsigned month, unsigned day, int hour, int minute, int second) {
-    const std::chrono::year_month_day date{std::chrono::year{year}, std::chrono::month{month}, std::chrono::day{day}};
-    if (!date.ok() || hour < 0 || hour > 23 || minute < 0 || minute > 59 || second < 0 || second > 59) {
+    if (!IsInCalendar(year, month, day) || hour < 0 || hour > 23 || minute < 0 || minute > 59 || second < 0 || second > 59) {
         RaiseTypeMismatch("a day or time that does not exist", "DateTime");
     }
+    if (year < static_cast<int>(kFirstYear) || year > static_cast<int>(kLastYear)) RaiseOverflow();
+    const std::chrono::year_month_day date{std::chrono::year{year}, std::chrono::month{month}, std::chrono::day{day}};
     return DateTime(local_days{date}, std::chrono::hours{hour} + std::chrono::minutes{minute} + std::chrono::seconds{second});
 }
 
@@ -71,6 +88,8 @@ DateTime DateTime::AddMinutes(Int32 minutes) const {
     const auto date = std::chrono::floor<days>(moment);
     return DateTime(date, moment - date);
 }
+
+std::ostream& operator<<(std::ostream& to, DateTime value) { return to << DefaultText(value); }
 
 Double DateTime::OnTheLine() const {
     const Double day = std::trunc(days_);

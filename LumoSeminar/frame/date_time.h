@@ -2,6 +2,8 @@
 
 #include <chrono>
 #include <compare>
+#include <concepts>
+#include <iosfwd>
 
 #include <LumoSeminar/frame/types.h>
 
@@ -37,9 +39,16 @@ class DateTime {
     /// Calendar addition. Raises overflow (6) where it leaves the range.
     DateTime AddDays(Int32 count) const;
     DateTime AddMinutes(Int32 minutes) const;
+    template <std::floating_point T>
+    DateTime AddDays(T count) const = delete;  // whole days: say AddDays(To<Int32>(count))
+    template <std::floating_point T>
+    DateTime AddMinutes(T minutes) const = delete;  // whole minutes: say AddMinutes(To<Int32>(minutes))
 
     friend bool operator==(DateTime, DateTime) = default;
     friend std::partial_ordering operator<=>(DateTime a, DateTime b) { return a.OnTheLine() <=> b.OnTheLine(); }
+
+    /// The default text form.
+    friend std::ostream& operator<<(std::ostream& to, DateTime value);
 
   private:
     Double OnTheLine() const;

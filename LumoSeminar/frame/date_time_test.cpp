@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 #include <LumoSeminar/frame/clock.h>
 #include <LumoSeminar/frame/common.h>
 #include <LumoSeminar/frame/text_form.h>
@@ -73,6 +75,43 @@ TEST(DateTime, RefusesDaysAndTimesThatDoNotExist) {
     EXPECT_RAISES(13, DateTime::Of(2010, 1, 1, 24));
     EXPECT_RAISES(13, DateTime::TimeOfDay(0, 60));
     EXPECT_EQ(DateTime::Of(2012, 2, 29).Days(), 40968);
+}
+
+TEST(DateTime, CutsNoNumberToTheSizeOfACalendarField) {
+    const struct {
+        int year;
+        unsigned month;
+        unsigned day;
+        Int32 number;
+    } cases[] = {
+        {2010, 257, 1, 13},  // 1 in 8 bits
+        {2010, 1, 257, 13},  // 1 in 8 bits
+        {2010, 0, 1, 13},
+        {2010, 1, 0, 13},
+        {2010, 4294967295U, 1, 13},
+        {70000, 1, 1, 6},   // 4464 in 16 bits
+        {-63526, 1, 1, 6},  // 2010 in 16 bits
+        {67546, 3, 1, 6},   // 2010 in 16 bits
+        {2147483647, 1, 1, 6},
+        {-2147483647 - 1, 1, 1, 6},
+        {70000, 2, 29, 6},  // there is that day
+        {70001, 2, 29, 13},
+        {70000, 13, 1, 13},
+        {0, 1, 1, 6},
+        {-1, 2, 29, 13},
+        {-4, 2, 29, 6},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(testing::Message() << c.year << '-' << c.month << '-' << c.day);
+        EXPECT_RAISES(c.number, DateTime::Of(c.year, c.month, c.day));
+    }
+    EXPECT_EQ(DateTime::Of(2000, 2, 29), DateTime(36585));
+}
+
+TEST(DateTime, IsWrittenToAStreamInItsTextForm) {
+    std::ostringstream stream;
+    stream << DateTime::Of(2010, 3, 2, 17, 45) << '|' << DateTime::Of(2010, 3, 2) << '|' << DateTime::TimeOfDay(9, 0);
+    EXPECT_EQ(stream.str(), "02.03.2010 17:45:00|02.03.2010|09:00:00");
 }
 
 TEST(DateTime, AddsCalendarDaysAndKeepsTheTime) {

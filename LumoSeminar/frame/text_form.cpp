@@ -5,6 +5,7 @@
 #include <charconv>
 #include <locale>
 
+#include <LumoSeminar/frame/decimal.h>
 #include <LumoSeminar/frame/text_writer.h>
 
 namespace LumoSeminar {
@@ -131,6 +132,13 @@ Text CompactDateText(DateTime value) {
     return Written([=](char* to) { return text_writer::WriteCompactDate(to, value); });
 }
 
+Text Quoted(std::string_view text) {
+    Text doubled;
+    doubled.reserve(text.size());
+    for (const char c : text) doubled.append(c == '\'' ? 2 : 1, c);
+    return doubled;
+}
+
 Text KeyText(Int32 key) {
     Text text = DefaultText(key);
     const std::size_t sign = key < 0 ? 1 : 0;
@@ -156,36 +164,7 @@ Money ToMoney(std::string_view text) {
     Text plain;
     if (!ReadNumber(Trim(text), plain)) RaiseNo("Money");
     if (plain.find('e') != Text::npos) return Money::FromDouble(ToDouble(text));
-    const bool negative = plain.starts_with('-');
-    std::int64_t units = 0;
-    int decimals = -1;
-    bool odd = false;
-    bool above_half = false;
-    bool half = false;
-    for (const char c : std::string_view(plain).substr(negative ? 1 : 0)) {
-        if (c == '.') {
-            decimals = 0;
-        } else if (decimals < 4) {
-            const int digit = c - '0';
-            if (__builtin_mul_overflow(units, 10, &units) || __builtin_sub_overflow(units, digit, &units))
-                RaiseOverflow();
-            odd = digit % 2 != 0;
-            if (decimals >= 0) ++decimals;
-        } else if (decimals == 4) {
-            half = c >= '5';
-            above_half = c > '5';
-            ++decimals;
-        } else {
-            above_half = above_half || (half && c != '0');
-        }
-    }
-    for (int i = std::max(decimals, 0); i < 4; ++i) {
-        if (__builtin_mul_overflow(units, 10, &units)) RaiseOverflow();
-        odd = false;
-    }
-    if ((above_half || (half && odd)) && __builtin_sub_overflow(units, 1, &units)) RaiseOverflow();
-    if (!negative && __builtin_sub_overflow(std::int64_t{0}, units, &units)) RaiseOverflow();
-    return Money::FromUnits(units);
+    return MoneyOfDecimal(plain);
 }
 
 DateTime ToDateTime(std::string_view text) {

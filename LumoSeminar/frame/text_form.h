@@ -30,6 +30,11 @@ Text MomentText(DateTime value);
 /// "yyyymmdd"
 Text CompactDateText(DateTime value);
 
+/// A text that comes from people, for a property or a filter that goes into a statement: each single quote doubled, as
+/// a statement wants it. The database then holds the text itself, and so does the next load; until then a get gives it
+/// doubled. What was read goes back as it stands as well: quote it again before the object is written.
+Text Quoted(std::string_view text);
+
 /// Ten digits, padded with zeros: the key of an entry in most lists.
 Text KeyText(Int32 key);
 

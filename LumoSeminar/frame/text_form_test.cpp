@@ -139,6 +139,15 @@ TEST(ToDouble, FollowsTheDecimalSeparatorOfTheLocale) {
     EXPECT_RAISES(13, ToDouble("1.234,5"));
 }
 
+TEST(Quoted, DoublesEachSingleQuoteAndNothingElse) {
+    const struct {
+        const char* text;
+        const char* quoted;
+    } cases[] = {{"", ""},       {"Führung", "Führung"}, {"O'Neil", "O''Neil"},   {"'", "''"},
+                 {"''", "''''"}, {"'a'", "''a''"},       {"\"{a}\"%", "\"{a}\"%"}};
+    for (const auto& c : cases) EXPECT_EQ(Quoted(c.text), c.quoted) << c.text;
+}
+
 TEST(ToBool, ReadsWordsAndNumbers) {
     EXPECT_EQ(ToBool("True"), true);
     EXPECT_EQ(ToBool(" false "), false);

@@ -39,8 +39,12 @@ class Bool {
     Int16 value_ = 0;
 };
 
+/// A truth value of C++ or of the library: no number that is none, -1 or 1 by the way it came.
 template <class T>
-concept Number = std::integral<T> || std::floating_point<T>;
+concept TruthValue = std::same_as<T, bool> || std::same_as<T, Bool>;
+
+template <class T>
+concept Number = (std::integral<T> && !std::same_as<T, bool>) || std::floating_point<T>;
 
 /// Checked conversion between numbers: halves round to the even neighbour.
 /// Raises overflow (6) where the value does not fit, a NaN included.

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <LumoSeminar/frame/variant.h>
 #include <test_support/raises.h>
 
 namespace LumoSeminar {
@@ -21,6 +22,12 @@ TEST(Bool, IsBuiltFromBoolAlone) {
     static_assert(!std::is_constructible_v<Bool, const char*>);
     static_assert(!std::is_constructible_v<Bool, void*>);
     static_assert(!std::is_convertible_v<Bool, int>);
+}
+
+TEST(CheckedConversion, TakesATruthValueAsMinusOneAndZero) {
+    EXPECT_EQ(To<Int16>(true), -1);
+    EXPECT_EQ(To<Int32>(false), 0);
+    EXPECT_EQ(To<Double>(true), -1.0);
 }
 
 TEST(CheckedConversion, KeepsWhatFits) {

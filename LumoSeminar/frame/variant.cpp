@@ -1,5 +1,7 @@
 #include <LumoSeminar/frame/variant.h>
 
+#include <ostream>
+
 #include <LumoSeminar/frame/text_form.h>
 
 namespace LumoSeminar {
@@ -34,6 +36,9 @@ constexpr std::string_view kName<Text> = "Text";
 template <>
 constexpr std::string_view kName<Ref<Object>> = "Object";
 
+Money Nearest(Double value) { return Money::FromDouble(value); }
+Money Nearest(Single value) { return Money::FromSingle(value); }
+
 // One conversion: from each type that a Variant can hold.
 template <class T>
 struct Convert {
@@ -59,7 +64,7 @@ struct Convert {
             if constexpr (std::integral<N>) {
                 return Money(value);
             } else {
-                return Money::FromDouble(static_cast<Double>(value));
+                return Nearest(value);
             }
         } else if constexpr (std::same_as<T, DateTime>) {
             return DateTime(static_cast<Double>(value));
@@ -110,6 +115,11 @@ struct Convert {
 };
 
 }  // namespace
+
+std::ostream& operator<<(std::ostream& to, const Variant& value) {
+    if (value.IsNull() || value.Is<Ref<Object>>()) return to << value.TypeName();
+    return to << To<Text>(value);
+}
 
 std::string_view Variant::TypeName() const {
     return Visit([]<class T>(const T&) { return kName<T>; });

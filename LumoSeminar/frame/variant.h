@@ -1,6 +1,7 @@
 #pragma once
 
 #include <concepts>
+#include <iosfwd>
 #include <string_view>
 #include <variant>
 
@@ -69,6 +70,9 @@ class Variant {
     }
 
     friend bool operator==(const Variant&, const Variant&) = default;
+
+    /// The default text form of the value, nothing for Empty; "Null" and "Object" stand for what has none.
+    friend std::ostream& operator<<(std::ostream& to, const Variant& value);
 
   private:
     std::variant<std::monostate, NullValue, Bool, Byte, Int16, Int32, Single, Double, Money, DateTime, Text, Ref<Object>> value_;

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 #include <LumoSeminar/frame/error_list.h>
 #include <test_support/comma_locale.h>
 #include <test_support/raises.h>
@@ -134,6 +136,28 @@ TEST(Reference, IsCountedAndSeenAsItsBase) {
     EXPECT_EQ(object.As<clsErrorMsg>(), nullptr);
     list.Reset();
     EXPECT_EQ(object.UseCount(), 1);
+}
+
+TEST(Variant, IsWrittenToAStreamInItsTextForm) {
+    const struct {
+        Variant value;
+        const char* text;
+    } cases[] = {
+        {Variant(), ""},
+        {Variant::Null(), "Null"},
+        {Variant(true), "True"},
+        {Variant(Int32{-7}), "-7"},
+        {Variant(1.5), "1.5"},
+        {Variant(Money::FromUnits(15)), "0.0015"},
+        {Variant(DateTime::Of(2010, 3, 2)), "02.03.2010"},
+        {Variant("Führung"), "Führung"},
+        {Variant(Ref<Object>()), "Object"},
+    };
+    for (const auto& c : cases) {
+        std::ostringstream stream;
+        stream << c.value;
+        EXPECT_EQ(stream.str(), c.text);
+    }
 }
 
 }  // namespace
