@@ -21,12 +21,12 @@ Ref<DataSession> MakeSessionFor(std::string_view connection_text);
 class AnySession final : public DataSession {
   public:
     /// As that of the session which the text asks for; false, with a LastErrorText, where this build has none for it.
-    Bool Connect(const Text& connection_text, const Text& user, const Text& password, Int32 timeout) override;
+    [[nodiscard]] Bool Connect(const Text& connection_text, const Text& user, const Text& password, Int32 timeout) override;
 
     Ref<Connection> AdoConnection() override;
     Ref<RecordSet> Recordset() override;
-    Bool OpenSelect(const Text& sql) override;
-    Bool ExecuteSql(const Text& sql) override;
+    [[nodiscard]] Bool OpenSelect(const Text& sql) override;
+    [[nodiscard]] Bool ExecuteSql(const Text& sql) override;
     Variant LookupValue(const Text& expression, const Text& table, const Text& where) override;
     Text LastErrorText() override;
 

@@ -250,7 +250,7 @@ Ref<DataSession> Connected(const Text& connection_text, const std::vector<Text>&
     if (connection_text.empty()) return {};
     auto session = New<AnySession>();
     if (!session->Connect(connection_text, "", "", 30)) ADD_FAILURE() << session->LastErrorText();
-    for (const Text& table : tables) session->ExecuteSql("DROP TABLE IF EXISTS \"" + table + "\", " + table);
+    for (const Text& table : tables) (void)session->ExecuteSql("DROP TABLE IF EXISTS \"" + table + "\", " + table);
     return session;
 }
 

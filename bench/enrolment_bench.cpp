@@ -116,7 +116,7 @@ void ListParticipants(benchmark::State& state) {
     const auto session = Company(kListed);
     for (auto _ : state) {
         colTeilnehmer list;
-        list.Init(1, session);
+        (void)list.Init(1, session);
         std::size_t length = 0;
         for (const auto& participant : list.NewEnum()) length += participant->Bemerkung().size();
         if (list.Count() != kListed || length < kListed) state.SkipWithError("wrong rows");

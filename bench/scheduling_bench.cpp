@@ -104,7 +104,7 @@ void ListDates(benchmark::State& state) {
     }
     for (auto _ : state) {
         colTermine list;
-        list.Init(7, 5, session);
+        (void)list.Init(7, 5, session);
         std::size_t length = 0;
         double days = 0;
         for (const auto& date : list.NewEnum()) {

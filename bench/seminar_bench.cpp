@@ -187,7 +187,7 @@ void ListAndRead(benchmark::State& state) {
     const auto session = Catalogue(count);
     for (auto _ : state) {
         colSeminare list;
-        list.Init(5, session);
+        (void)list.Init(5, session);
         std::size_t length = 0;
         for (const auto& seminar : list.NewEnum()) length += seminar->SemTitel().size();
         if (list.Count() != count || length < static_cast<std::size_t>(count)) state.SkipWithError("wrong rows");
@@ -302,7 +302,7 @@ bench::Figure MeasureListedSeminar() {
     const auto before = mallinfo2();
     colSeminare list;
     fill(list);
-    session->OpenSelect("SELECT SemID FROM Sem_Katalog_IT WHERE SemID = 0");  // lets go of the list's row set
+    (void)session->OpenSelect("SELECT SemID FROM Sem_Katalog_IT WHERE SemID = 0");  // lets go of the list's row set
     const auto after = mallinfo2();
     const double bytes =
         static_cast<double>(after.uordblks + after.hblkhd) - static_cast<double>(before.uordblks + before.hblkhd);

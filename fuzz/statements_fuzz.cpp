@@ -118,7 +118,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         if (result.number == Refused::kStorage && !IsInterrupted(result)) {
             Require(!result.error.starts_with("SQLite reports"), "Not caught", result.error);
         }
-        session->ExecuteSql("ROLLBACK");
+        (void)session->ExecuteSql("ROLLBACK");
         Require(sqlite3_get_autocommit(database) != 0, "A transaction is open", text);
         if (committed) {
             // The tables are others now; the session has to do all the same.

@@ -29,8 +29,10 @@ std::string ConnectionText(const std::string& file) { return "Provider=Embedded;
 void InsertForEver(const std::string& file, int first, PipeEnd& tells) {
     EmbeddedSession session;
     if (!session.Connect(ConnectionText(file), "", "", 30)) return;
-    if (session.Tables().empty())
-        session.ExecuteSql("CREATE TABLE T (ID int NOT NULL PRIMARY KEY, Pair int NULL, Text nvarchar(200) NULL)");
+    if (session.Tables().empty() &&
+        !session.ExecuteSql("CREATE TABLE T (ID int NOT NULL PRIMARY KEY, Pair int NULL, Text nvarchar(200) NULL)")) {
+        return;
+    }
     tells.Write("ready\n");
     for (int id = first;; ++id) {
         const std::string row = "INSERT INTO T VALUES (" + std::to_string(id) + ", ";

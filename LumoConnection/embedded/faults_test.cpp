@@ -215,7 +215,7 @@ TEST_P(EmbeddedFaults, AFailedStatementChangesNothing) {
                 ASSERT_NE(text, "");
                 ASSERT_NE(number, 0);
                 // A transaction stays open for the caller to take back.
-                session.ExecuteSql("ROLLBACK");
+                (void)session.ExecuteSql("ROLLBACK");
                 if (operation.first_stays && Content(session) != before) {
                     ASSERT_TRUE(session.ExecuteSql(operation.undo));
                 }

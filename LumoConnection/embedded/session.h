@@ -44,13 +44,13 @@ class EmbeddedSession final : public DataSession {
     /// empty file is refused, and so is each change, with the number 3906. The user is what SYSTEM_USER gives; empty:
     /// that of the operating system. The password is not looked at: whoever may open the file may use it.
     /// @param timeout seconds that a write waits for other sessions; 0 or less: 30
-    Bool Connect(const Text& connection_text, const Text& user, const Text& password, Int32 timeout) override;
+    [[nodiscard]] Bool Connect(const Text& connection_text, const Text& user, const Text& password, Int32 timeout) override;
 
     Ref<Connection> AdoConnection() override;
     Ref<RecordSet> Recordset() override;
     /// Gives the rows of the first statement that yields any; a row set without columns where none does.
-    Bool OpenSelect(const Text& sql) override;
-    Bool ExecuteSql(const Text& sql) override;
+    [[nodiscard]] Bool OpenSelect(const Text& sql) override;
+    [[nodiscard]] Bool ExecuteSql(const Text& sql) override;
     Variant LookupValue(const Text& expression, const Text& table, const Text& where) override;
     Text LastErrorText() override;
 

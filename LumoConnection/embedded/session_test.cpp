@@ -70,8 +70,8 @@ TEST(EmbeddedSession, BringsEachColumnInItsType) {
 
 TEST(EmbeddedSession, LooksUpOneValue) {
     auto session = Open();
-    session->ExecuteSql(
-        "CREATE TABLE T (ID int NOT NULL PRIMARY KEY, Name nvarchar(20) NULL) INSERT INTO T VALUES (1, 'a'), (2, NULL)");
+    EXPECT_TRUE(session->ExecuteSql(
+        "CREATE TABLE T (ID int NOT NULL PRIMARY KEY, Name nvarchar(20) NULL) INSERT INTO T VALUES (1, 'a'), (2, NULL)"));
     EXPECT_EQ(session->LookupValue("Name", "T", "ID = 1"), Variant("a"));
     EXPECT_EQ(session->LookupValue("MAX(ID)", "T", ""), Variant(Int32{2}));
     EXPECT_TRUE(session->LookupValue("Name", "T", "ID = 2").IsNull());
@@ -83,7 +83,7 @@ TEST(EmbeddedSession, LooksUpOneValue) {
 
 TEST(EmbeddedSession, SaysWhyAndWhereItRefuses) {
     auto session = Open();
-    session->ExecuteSql("CREATE TABLE T (ID int NOT NULL CONSTRAINT PK_T PRIMARY KEY, Name nvarchar(5) NOT NULL)");
+    EXPECT_TRUE(session->ExecuteSql("CREATE TABLE T (ID int NOT NULL CONSTRAINT PK_T PRIMARY KEY, Name nvarchar(5) NOT NULL)"));
     EXPECT_FALSE(session->ExecuteSql("SELECT 1\n FROM Tö WHERE"));
     EXPECT_EQ(session->LastErrorNumber(), 102);
     EXPECT_FALSE(session->ExecuteSql("SELECT N'ü',\r\n  Nix FROM T"));
@@ -122,18 +122,18 @@ TEST(EmbeddedSession, GivesTheRowsOfTheFirstStatementThatYieldsAny) {
 
 TEST(EmbeddedSession, KeepsRowSetsReadable) {
     auto session = Open();
-    session->ExecuteSql("CREATE TABLE T (a nvarchar(10)) INSERT INTO T VALUES ('eins')");
+    EXPECT_TRUE(session->ExecuteSql("CREATE TABLE T (a nvarchar(10)) INSERT INTO T VALUES ('eins')"));
     ASSERT_TRUE(session->OpenSelect("SELECT a FROM T"));
     auto rows = session->Recordset();
     EXPECT_FALSE(session->OpenSelect("SELECT nix FROM T"));
-    session->ExecuteSql("DROP TABLE T");
+    EXPECT_TRUE(session->ExecuteSql("DROP TABLE T"));
     session.Reset();
     EXPECT_EQ(rows->Fields().Item("a").Value(), Variant("eins"));
 }
 
 TEST(EmbeddedSession, CarriesTextsOfAllSortsUnharmed) {
     auto session = Open();
-    session->ExecuteSql("CREATE TABLE T (ID int NOT NULL PRIMARY KEY, a nvarchar(max) NULL)");
+    EXPECT_TRUE(session->ExecuteSql("CREATE TABLE T (ID int NOT NULL PRIMARY KEY, a nvarchar(max) NULL)"));
     const std::string kTexts[] = {
         "O'Neil",
         "''",
@@ -219,7 +219,7 @@ TEST(EmbeddedSession, RefusesFilesThatAreNoDatabaseOfItsKind) {
     };
     EXPECT_FALSE(make("other.db", "CREATE TABLE t(a)"));
     EXPECT_NE(session.LastErrorText().find("another program"), std::string::npos);
-    Open(folder.File("newer.db"))->ExecuteSql("CREATE TABLE T (a int)");
+    EXPECT_TRUE(Open(folder.File("newer.db"))->ExecuteSql("CREATE TABLE T (a int)"));
     EXPECT_FALSE(make("newer.db", "PRAGMA user_version = 99"));
     EXPECT_NE(session.LastErrorText().find("newer version"), std::string::npos);
 }
@@ -285,7 +285,7 @@ TEST(EmbeddedSession, LetsWritersWaitForEachOther) {
 
 TEST(EmbeddedSession, HasTransactions) {
     auto session = Open();
-    session->ExecuteSql("CREATE TABLE T (a int NOT NULL PRIMARY KEY)");
+    EXPECT_TRUE(session->ExecuteSql("CREATE TABLE T (a int NOT NULL PRIMARY KEY)"));
     EXPECT_TRUE(session->ExecuteSql("BEGIN TRAN INSERT INTO T VALUES (1) BEGIN TRAN INSERT INTO T VALUES (2) COMMIT ROLLBACK"));
     EXPECT_EQ(First(*session, "SELECT COUNT(*) FROM T"), Variant(Int32{0}));
     EXPECT_TRUE(session->ExecuteSql("BEGIN TRANSACTION"));
@@ -322,13 +322,13 @@ TEST(EmbeddedSession, KnowsTheUser) {
     auto session = Open();
     EXPECT_EQ(First(*session, "SELECT System_User"), Variant("meier"));
     session = New<EmbeddedSession>();
-    session->Connect("Provider=Embedded;Data Source=:memory:", "", "", 30);
+    EXPECT_TRUE(session->Connect("Provider=Embedded;Data Source=:memory:", "", "", 30));
     EXPECT_NE(First(*session, "SELECT SYSTEM_USER"), Variant(""));
 }
 
 TEST(EmbeddedSession, ListsItsTables) {
     auto session = Open();
-    session->ExecuteSql("CREATE TABLE b (x int NOT NULL PRIMARY KEY, y nvarchar(7) NULL) CREATE TABLE A (z money)");
+    EXPECT_TRUE(session->ExecuteSql("CREATE TABLE b (x int NOT NULL PRIMARY KEY, y nvarchar(7) NULL) CREATE TABLE A (z money)"));
     const auto tables = session->Tables();
     ASSERT_EQ(tables.size(), 2u);
     EXPECT_EQ(tables[0].name, "A");

@@ -49,15 +49,15 @@ class OdbcSession final : public DataSession {
     /// the same as in the embedded database. LumoDateFormat=Off leaves that to the login's language; the word is taken
     /// out before the driver sees the text. Nothing else is set: the drivers ask for the ANSI settings by themselves.
     /// @param timeout seconds, for the login and for each statement; 0 or less: 30
-    Bool Connect(const Text& connection_text, const Text& user, const Text& password, Int32 timeout) override;
+    [[nodiscard]] Bool Connect(const Text& connection_text, const Text& user, const Text& password, Int32 timeout) override;
 
     /// State asks the driver whether the connection is dead; one that was lost is closed. Open() without arguments
     /// opens it again with text, user, password and time-out of the last Connect.
     Ref<Connection> AdoConnection() override;
     Ref<RecordSet> Recordset() override;
     /// Gives the first row set of the text; a row set without columns where there is none.
-    Bool OpenSelect(const Text& sql) override;
-    Bool ExecuteSql(const Text& sql) override;
+    [[nodiscard]] Bool OpenSelect(const Text& sql) override;
+    [[nodiscard]] Bool ExecuteSql(const Text& sql) override;
     Variant LookupValue(const Text& expression, const Text& table, const Text& where) override;
     /// All messages of the last refused call in their order, those of statements that went well included:
     /// "[42S02] 208: Invalid object name 'x'. [42000] 8180: Statement(s) could not be prepared."

@@ -62,7 +62,7 @@ TEST_F(OdbcSessionTest, ATextReachesTheDriverUntouchedAndWhole) {
 TEST_F(OdbcSessionTest, TheTimeoutIsThatOfTheLoginAndOfEachStatement) {
     for (const auto& [given, seconds] : {std::pair{7, 7}, {0, 30}, {-1, 30}}) {
         ASSERT_TRUE(session_->Connect(driver_.ConnectionText(), "", "", given));
-        session_->ExecuteSql("x");
+        (void)session_->ExecuteSql("x");
         EXPECT_EQ(driver_->login_timeout, static_cast<SQLULEN>(seconds));
         EXPECT_EQ(driver_->statement_timeout, static_cast<SQLULEN>(seconds));
     }

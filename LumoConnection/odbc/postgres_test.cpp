@@ -24,7 +24,7 @@ class OnPostgres : public testing::Test {
         ASSERT_TRUE(session_->Connect(server_->ConnectionText(), "", "", kTimeout)) << session_->LastErrorText();
     }
     void TearDown() override {
-        if (session_->IsOpen()) session_->ExecuteSql("DROP TABLE IF EXISTS Kurs");
+        if (session_->IsOpen()) (void)session_->ExecuteSql("DROP TABLE IF EXISTS Kurs");
     }
     Variant Value(const Text& sql) {
         EXPECT_TRUE(session_->OpenSelect(sql)) << sql << ": " << session_->LastErrorText();
@@ -124,7 +124,7 @@ TEST_F(OnPostgres, RowsAffectedAreTold) {
     EXPECT_EQ(session_->RowsAffected(), 3);
     Run("DELETE FROM Kurs WHERE ID = 99");
     EXPECT_EQ(session_->RowsAffected(), 0);
-    session_->OpenSelect("SELECT * FROM Kurs");
+    EXPECT_TRUE(session_->OpenSelect("SELECT * FROM Kurs"));
     EXPECT_EQ(session_->RowsAffected(), 3);
 }
 
@@ -185,7 +185,7 @@ TEST_F(OnPostgres, SessionsOfSeveralThreadsDoNotDisturbEachOther) {
             if (!own->Connect(text, "", "", 30)) return;
             for (int n = 1; n <= 50; ++n) {
                 const Variant value = own->LookupValue("max(g)", "generate_series(1, " + std::to_string(n) + ") g", "");
-                own->OpenSelect("SELECT nichts");
+                (void)own->OpenSelect("SELECT nichts");
                 if (!value.IsNull()) sum += To<Int32>(value);
             }
         });

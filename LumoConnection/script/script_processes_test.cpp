@@ -33,11 +33,11 @@ TEST_F(ScriptProcessesTest, CallsStandInOneOrderWithTheStatements) {
     script_.ExecuteSql("DELETE FROM t");
     Install();
 
-    script_.Session()->OpenSelect("SELECT 1");
+    (void)script_.Session()->OpenSelect("SELECT 1");
     const auto starter = MakeInfoStarter();
     starter->ConnectionString("Provider=Embedded;Data Source=Köln''s.db");
     EXPECT_TRUE(starter->Starten(8, 42, 17).IsEmpty());
-    script_.Session()->ExecuteSql("DELETE FROM t");
+    (void)script_.Session()->ExecuteSql("DELETE FROM t");
     EXPECT_EQ(script_.Report(), "");
     EXPECT_EQ(script_.Calls()[3], "Process: InfoStarter.Starten 8, 42, 17");
 }

@@ -80,7 +80,7 @@ TEST(RunWithEachStepFailingTest, ARunThatDoesNotMeetItsScriptIsNotTriedAtAll) {
         RunWithEachStepFailing([](Script& script) { script.ExecuteSql("A"); },
                                [&](const Ref<DataSession>& session) {
                                    ++runs;
-                                   session->ExecuteSql("B");
+                                   (void)session->ExecuteSql("B");
                                });
         ADD_FAILURE() << "nothing raised";
     } catch (const Error& error) {
@@ -101,7 +101,7 @@ TEST(RunWithEachStepFailingTest, AnEmptyScriptIsNoTest) {
 
 TEST(RunWithEachStepFailingTest, AScriptedFailureFailsInTheRunsWay) {
     const auto outcomes = RunWithEachStepFailing([](Script& script) { script.ExecuteSql("A").Raises(6, "driver"); },
-                                                 [](const Ref<DataSession>& session) { session->ExecuteSql("A"); });
+                                                 [](const Ref<DataSession>& session) { (void)session->ExecuteSql("A"); });
     ASSERT_EQ(outcomes.size(), 2U);
     EXPECT_FALSE(outcomes[0].error) << "refused, and the program does not look";
     EXPECT_EQ(outcomes[1].error->Number(), 7001);
@@ -128,7 +128,7 @@ TEST(RunWithEachStepFailingTest, ASessionThatIsKeptIsSeen) {
     const auto outcomes = RunWithEachStepFailing([](Script& script) { script.ExecuteSql("A"); },
                                                  [&](const Ref<DataSession>& session) {
                                                      kept = session;
-                                                     session->ExecuteSql("A");
+                                                     (void)session->ExecuteSql("A");
                                                  });
     EXPECT_FALSE(outcomes[0].session_released);
 }
@@ -142,8 +142,8 @@ TEST(RunWithEachStepFailingTest, AProgramThatStopsInFrontOfTheFailingStepIsRepor
         },
         [&](const Ref<DataSession>& session) {
             ++runs;
-            session->ExecuteSql("A");
-            if (runs < 4) session->ExecuteSql("B");
+            (void)session->ExecuteSql("A");
+            if (runs < 4) (void)session->ExecuteSql("B");
         });
     ASSERT_EQ(outcomes.size(), 4U);
     EXPECT_EQ(outcomes[0].report, "");
@@ -184,7 +184,7 @@ TEST(FailAtTest, UpToTheFailureTheScriptIsStrict) {
     script.ExecuteSql("A");
     script.ExecuteSql("B");
     script.FailAt(2, FailureMode::kRaises);
-    EXPECT_THROW(script.Session()->ExecuteSql("B"), Error);
+    EXPECT_THROW((void)script.Session()->ExecuteSql("B"), Error);
     EXPECT_THAT(script.Report(), HasSubstr("Step 1 differs"));
     EXPECT_THAT(script.CallsAfterFailure(), IsEmpty());
 }
@@ -266,9 +266,9 @@ TEST(FailAtTest, ClosingBehindTheFailureSucceeds) {
     script.CloseRows();
     script.FailAt(2, FailureMode::kRaises);
     const Ref<DataSession> session = script.Session();
-    session->OpenSelect("A");
+    (void)session->OpenSelect("A");
     const Ref<RecordSet> rows = session->Recordset();
-    EXPECT_THROW(session->ExecuteSql("B"), Error);
+    EXPECT_THROW((void)session->ExecuteSql("B"), Error);
     rows->Close();
     EXPECT_THROW(rows->Eof(), Error);
     EXPECT_THAT(script.CallsAfterFailure(), ElementsAre("Close of the rows of step 1"));

@@ -91,10 +91,10 @@ TEST(ScriptTest, LastErrorTextIsThatOfTheLastRefusedCallWheneverItIsRead) {
     script.ExecuteSql("B");
     script.OpenSelect("C").Refused("second");
     const Ref<DataSession> session = script.Session();
-    session->ExecuteSql("A");
-    session->ExecuteSql("B");
+    (void)session->ExecuteSql("A");
+    (void)session->ExecuteSql("B");
     EXPECT_EQ(session->LastErrorText(), "first");
-    session->OpenSelect("C");
+    (void)session->OpenSelect("C");
     EXPECT_EQ(session->LastErrorText(), "second");
     EXPECT_EQ(session->LastErrorText(), "second");
 }
@@ -114,14 +114,14 @@ TEST(ScriptTest, EveryStepCanRaise) {
     script.CloseRows(rows).Raises(6, "overflow in the driver", "driver");
 
     const Ref<DataSession> session = script.Session();
-    session->OpenSelect("S");
+    (void)session->OpenSelect("S");
     const Ref<RecordSet> open = session->Recordset();
     Ref<Connection> connection;
     const std::function<void()> actions[] = {
-        [&] { session->OpenSelect("S"); },
-        [&] { session->ExecuteSql("E"); },
+        [&] { (void)session->OpenSelect("S"); },
+        [&] { (void)session->ExecuteSql("E"); },
         [&] { session->LookupValue("L", "T", ""); },
-        [&] { session->Connect("C", "", "", 30); },
+        [&] { (void)session->Connect("C", "", "", 30); },
         [&] { session->AdoConnection(); },
         [&] {
             connection = session->AdoConnection();
@@ -146,7 +146,7 @@ TEST(ScriptTest, EveryStepCanRaise) {
 TEST(ScriptTest, ARaisedErrorWithoutSourceCarriesThatOfTheLibrary) {
     Script script;
     script.ExecuteSql("A").Raises(5, "text");
-    EXPECT_EQ(ErrorOf([&] { script.Session()->ExecuteSql("A"); }).Source(), "LumoSeminar");
+    EXPECT_EQ(ErrorOf([&] { (void)script.Session()->ExecuteSql("A"); }).Source(), "LumoSeminar");
 }
 
 TEST(ScriptTest, RowSetsOutliveLaterCallsAndTheScript) {
@@ -158,11 +158,11 @@ TEST(ScriptTest, RowSetsOutliveLaterCallsAndTheScript) {
         script.OpenSelect("B").Rows({"X", "Y"}, {{1.5, true}});
         script.ExecuteSql("C");
         const Ref<DataSession> session = script.Session();
-        session->OpenSelect("A");
+        (void)session->OpenSelect("A");
         first = session->Recordset();
-        session->OpenSelect("B");
+        (void)session->OpenSelect("B");
         second = session->Recordset();
-        session->ExecuteSql("C");
+        (void)session->ExecuteSql("C");
         EXPECT_TRUE(session->Recordset() == second);
         EXPECT_EQ(script.RecordsetCalls(), 3);
     }
@@ -264,11 +264,11 @@ TEST(ScriptTest, ClosingIsAStepInItsPlace) {
     script.CloseRows();
     script.ExecuteSql("B");
     const Ref<DataSession> session = script.Session();
-    session->OpenSelect("A");
+    (void)session->OpenSelect("A");
     const Ref<RecordSet> rows = session->Recordset();
     rows->Close();
     EXPECT_EQ(ErrorOf([&] { rows->Eof(); }).Number(), 3704) << "it is closed";
-    session->ExecuteSql("B");
+    (void)session->ExecuteSql("B");
     EXPECT_EQ(script.Report(), "");
 }
 
@@ -278,8 +278,8 @@ TEST(ScriptTest, ClosingTooLateDiffers) {
     script.CloseRows();
     script.ExecuteSql("B");
     const Ref<DataSession> session = script.Session();
-    session->OpenSelect("A");
-    EXPECT_EQ(ErrorOf([&] { session->ExecuteSql("B"); }).Number(), ScriptError::kUnexpectedCall);
+    (void)session->OpenSelect("A");
+    EXPECT_EQ(ErrorOf([&] { (void)session->ExecuteSql("B"); }).Number(), ScriptError::kUnexpectedCall);
     EXPECT_EQ(script.Report(),
               "Step 2 differs: Close of the rows was expected, it is ExecuteSql.\n"
               "  expected  Close of the rows of step 1\n"
@@ -292,7 +292,7 @@ TEST(ScriptTest, ForgettingToCloseIsReported) {
     Script script;
     script.OpenSelect("A").Rows({"X"}, {{1}});
     script.CloseRows();
-    script.Session()->OpenSelect("A");
+    (void)script.Session()->OpenSelect("A");
     EXPECT_EQ(script.Report(), "Not reached:\n  Step 2  Close of the rows of step 1\n");
 }
 
@@ -300,7 +300,7 @@ TEST(ScriptTest, ClosingWhatTheScriptDoesNotCloseDiffers) {
     Script script;
     script.OpenSelect("A").Rows({"X"}, {{1}});
     const Ref<DataSession> session = script.Session();
-    session->OpenSelect("A");
+    (void)session->OpenSelect("A");
     const Ref<RecordSet> rows = session->Recordset();
     EXPECT_EQ(ErrorOf([&] { rows->Close(); }).Number(), ScriptError::kUnexpectedCall);
     EXPECT_EQ(script.Report(),
@@ -328,8 +328,8 @@ TEST(ScriptTest, CloseRowsTellsRowSetsApart) {
     script.OpenSelect("B").Rows({"X"});
     script.CloseRows(first);
     const Ref<DataSession> session = script.Session();
-    session->OpenSelect("A");
-    session->OpenSelect("B");
+    (void)session->OpenSelect("A");
+    (void)session->OpenSelect("B");
     EXPECT_THAT(ErrorOf([&] { session->Recordset()->Close(); }).Description(),
                 HasSubstr("Step 3 differs: Close of the rows, step, at character 1. Expected 1, actual 2"));
 }
@@ -360,7 +360,7 @@ TEST(ScriptLifeTest, KnowsWhetherTheSessionIsStillHeld) {
     EXPECT_FALSE(script.SessionReleased());
     Ref<DataSession> second = session;
     const Ref<Connection> connection = session->AdoConnection();
-    session->OpenSelect("A");
+    (void)session->OpenSelect("A");
     const Ref<RecordSet> rows = session->Recordset();
     session.Reset();
     EXPECT_FALSE(script.SessionReleased());
@@ -379,7 +379,7 @@ TEST(ScriptLifeTest, TheSessionDiesWithTheScript) {
         Script script;
         script.OpenSelect("A").Rows({"X"}, {{1}});
         session = script.Session().Shared();
-        script.Session()->OpenSelect("A");
+        (void)script.Session()->OpenSelect("A");
         script.Session()->Recordset();
         EXPECT_FALSE(session.expired());
     }
@@ -394,7 +394,7 @@ TEST(ScriptLifeTest, TheSessionAnswersWithoutTheScript) {
         session = script.Session();
     }
     EXPECT_TRUE(session->ExecuteSql("A"));
-    EXPECT_THROW(session->ExecuteSql("A"), Error);
+    EXPECT_THROW((void)session->ExecuteSql("A"), Error);
 }
 
 TEST(ScriptLifeTest, AScriptCanBeMoved) {

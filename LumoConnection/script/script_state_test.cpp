@@ -22,8 +22,9 @@ Error ErrorOf(const std::function<void()>& action) {
 TEST(ScriptDifferenceTest, AnotherTextIsReportedWholeAndAtItsPlace) {
     Script script;
     script.OpenSelect("SELECT SemID FROM Sem_Katalog_IT WHERE SemTitel = 'Bär' AND MDNr = 1").Rows({"SemID"});
-    const Error error = ErrorOf(
-        [&] { script.Session()->OpenSelect("SELECT SemID FROM Sem_Katalog_IT WHERE SemTitel = 'Bör' AND MDNr = 1"); });
+    const Error error = ErrorOf([&] {
+        (void)script.Session()->OpenSelect("SELECT SemID FROM Sem_Katalog_IT WHERE SemTitel = 'Bör' AND MDNr = 1");
+    });
     EXPECT_EQ(error.Number(), ScriptError::kUnexpectedCall);
     EXPECT_EQ(error.Description(),
               "Step 1 differs: OpenSelect, statement, at character 53. "
@@ -42,21 +43,22 @@ TEST(ScriptDifferenceTest, AnotherTextIsReportedWholeAndAtItsPlace) {
 TEST(ScriptDifferenceTest, ABlankMoreDiffers) {
     Script script;
     script.ExecuteSql("DELETE FROM A WHERE ID = 1");
-    EXPECT_THAT(ErrorOf([&] { script.Session()->ExecuteSql("DELETE FROM A  WHERE ID = 1"); }).Description(),
+    EXPECT_THAT(ErrorOf([&] { (void)script.Session()->ExecuteSql("DELETE FROM A  WHERE ID = 1"); }).Description(),
                 HasSubstr("at character 15."));
 }
 
 TEST(ScriptDifferenceTest, CapitalsDiffer) {
     Script script;
     script.ExecuteSql("VALUES (NUll)");
-    EXPECT_THAT(ErrorOf([&] { script.Session()->ExecuteSql("VALUES (NULL)"); }).Description(), HasSubstr("at character 11."));
+    EXPECT_THAT(ErrorOf([&] { (void)script.Session()->ExecuteSql("VALUES (NULL)"); }).Description(),
+                HasSubstr("at character 11."));
 }
 
 TEST(ScriptDifferenceTest, LineAndColumnAreNamedInTextsOfSeveralLines) {
     Script script;
     script.ExecuteSql("DECLARE @ID int\r\nSET @ID = 'ä1'");
     script.ExecuteSql("never");
-    EXPECT_THROW(script.Session()->ExecuteSql("DECLARE @ID int\r\nSET @ID = 'ä2'"), Error);
+    EXPECT_THROW((void)script.Session()->ExecuteSql("DECLARE @ID int\r\nSET @ID = 'ä2'"), Error);
     EXPECT_EQ(script.Report(),
               "Step 1 differs: ExecuteSql, statement, at character 30 (line 2, column 13).\n"
               "  expected  DECLARE @ID int\\r\\nSET @ID = 'ä1'\n"
@@ -73,7 +75,7 @@ TEST(ScriptDifferenceTest, LongTextsStandWholeInTheReportAndCutInTheError) {
     const Text before(100'000, 'x');
     Script script;
     script.ExecuteSql(before + "ä" + before);
-    const Error error = ErrorOf([&] { script.Session()->ExecuteSql(before + "ö" + before); });
+    const Error error = ErrorOf([&] { (void)script.Session()->ExecuteSql(before + "ö" + before); });
     EXPECT_LT(error.Description().size(), 300U);
     EXPECT_THAT(error.Description(), HasSubstr("at character 100001."));
     EXPECT_THAT(script.Report(), HasSubstr("expected  ExecuteSql: " + before + "ä" + before + "\n"));
@@ -83,8 +85,8 @@ TEST(ScriptDifferenceTest, LongTextsStandWholeInTheReportAndCutInTheError) {
 TEST(ScriptDifferenceTest, BytesThatAreNoTextStayReadable) {
     Script script;
     script.ExecuteSql(Text("A\0B", 3));
-    EXPECT_THROW(script.Session()->ExecuteSql("A\xFF"
-                                              "B"),
+    EXPECT_THROW((void)script.Session()->ExecuteSql("A\xFF"
+                                                    "B"),
                  Error);
     EXPECT_THAT(script.Report(), HasSubstr("  expected  ExecuteSql: A\\x00B\n  actual    ExecuteSql: A\\xFFB\n"));
 }
@@ -102,7 +104,7 @@ TEST(ScriptDifferenceTest, TheArgumentThatDiffersIsNamed) {
     const auto connect = [](const Text& text, const Text& user, const Text& password, Int32 timeout) {
         Script script;
         script.Connect("text", "user", "password", 30);
-        return ErrorOf([&] { script.Session()->Connect(text, user, password, timeout); }).Description();
+        return ErrorOf([&] { (void)script.Session()->Connect(text, user, password, timeout); }).Description();
     };
     EXPECT_THAT(connect("Text", "user", "password", 30), HasSubstr("Connect, connection text, at character 1."));
     EXPECT_THAT(connect("text", "use", "password", 30), HasSubstr("Connect, user, at character 4."));
@@ -113,7 +115,7 @@ TEST(ScriptDifferenceTest, TheArgumentThatDiffersIsNamed) {
 TEST(ScriptDifferenceTest, AnotherCallWithTheSameTextDiffers) {
     Script script;
     script.OpenSelect("SELECT 1");
-    const Error error = ErrorOf([&] { script.Session()->ExecuteSql("SELECT 1"); });
+    const Error error = ErrorOf([&] { (void)script.Session()->ExecuteSql("SELECT 1"); });
     EXPECT_EQ(error.Description(),
               "Step 1 differs: OpenSelect was expected, it is ExecuteSql. "
               "Expected OpenSelect: SELECT 1, actual ExecuteSql: SELECT 1");
@@ -123,9 +125,9 @@ TEST(ScriptDifferenceTest, ACallTooMuchIsReported) {
     Script script;
     script.ExecuteSql("A");
     const Ref<DataSession> session = script.Session();
-    session->ExecuteSql("A");
+    (void)session->ExecuteSql("A");
     EXPECT_EQ(script.Report(), "");
-    EXPECT_EQ(ErrorOf([&] { session->ExecuteSql("A"); }).Description(),
+    EXPECT_EQ(ErrorOf([&] { (void)session->ExecuteSql("A"); }).Description(),
               "Call 2 comes behind the last step of the script: ExecuteSql: A");
     EXPECT_EQ(script.Report(), "Call 2 comes behind the last step of the script.\n  actual    ExecuteSql: A\n");
 }
@@ -135,7 +137,7 @@ TEST(ScriptDifferenceTest, StepsThatWereNotReachedAreListed) {
     script.ExecuteSql("A");
     script.LookupValue("max(SemID)", "Sem_Katalog_IT", "MDNr = 1");
     script.AdoConnection();
-    script.Session()->ExecuteSql("A");
+    (void)script.Session()->ExecuteSql("A");
     EXPECT_EQ(script.Report(),
               "Not reached:\n"
               "  Step 2  LookupValue: max(SemID) from Sem_Katalog_IT where MDNr = 1\n"
@@ -149,16 +151,16 @@ TEST(ScriptDifferenceTest, AfterADifferenceEveryCallRaisesAndSwallowingDoesNotHe
     script.ExecuteSql("B");
     script.ExecuteSql("C");
     const Ref<DataSession> session = script.Session();
-    session->OpenSelect("A");
+    (void)session->OpenSelect("A");
     const Ref<RecordSet> rows = session->Recordset();
     const Ref<Connection> connection = session->AdoConnection();
-    const std::string first = ErrorOf([&] { session->ExecuteSql("C"); }).Description();
+    const std::string first = ErrorOf([&] { (void)session->ExecuteSql("C"); }).Description();
     const std::function<void()> actions[] = {
-        [&] { session->ExecuteSql("B"); },
-        [&] { session->ExecuteSql("C"); },
-        [&] { session->OpenSelect("A"); },
+        [&] { (void)session->ExecuteSql("B"); },
+        [&] { (void)session->ExecuteSql("C"); },
+        [&] { (void)session->OpenSelect("A"); },
         [&] { session->LookupValue("a", "b", ""); },
-        [&] { session->Connect("", "", "", 1); },
+        [&] { (void)session->Connect("", "", "", 1); },
         [&] { session->AdoConnection(); },
         [&] { session->Recordset(); },
         [&] { connection->State(); },
@@ -197,7 +199,7 @@ TEST(ScriptDifferenceTest, AfterADifferenceEveryCallRaisesAndSwallowingDoesNotHe
 TEST(ScriptDifferenceTest, TheReportShowsTenOfTheRefusedCalls) {
     Script script;
     for (int call = 0; call <= 12; ++call) {
-        EXPECT_THROW(script.Session()->ExecuteSql("call " + std::to_string(call)), Error);
+        EXPECT_THROW((void)script.Session()->ExecuteSql("call " + std::to_string(call)), Error);
     }
     EXPECT_THAT(script.Report(), HasSubstr("  ExecuteSql: call 10\n  and 2 more\n"));
     EXPECT_EQ(script.Calls().size(), 13U);

@@ -48,12 +48,12 @@ class TracingSession final : public DataSession {
   public:
     TracingSession(Ref<DataSession> session, TraceCallback callback);
 
-    Bool Connect(const Text& connection_text, const Text& user, const Text& password, Int32 timeout) override;
+    [[nodiscard]] Bool Connect(const Text& connection_text, const Text& user, const Text& password, Int32 timeout) override;
     /// Its calls are told about, too.
     Ref<Connection> AdoConnection() override;
     Ref<RecordSet> Recordset() override;
-    Bool OpenSelect(const Text& sql) override;
-    Bool ExecuteSql(const Text& sql) override;
+    [[nodiscard]] Bool OpenSelect(const Text& sql) override;
+    [[nodiscard]] Bool ExecuteSql(const Text& sql) override;
     Variant LookupValue(const Text& expression, const Text& table, const Text& where) override;
     Text LastErrorText() override;
 

@@ -108,7 +108,7 @@ TEST_F(TracingSessionTest, TellsAboutASelectAndItsRows) {
 }
 
 TEST_F(TracingSessionTest, HandsOutTheRowSetItselfOnItsFirstRow) {
-    session->OpenSelect("SELECT");
+    (void)session->OpenSelect("SELECT");
     EXPECT_TRUE(session->Recordset() == inner->rows);
     EXPECT_EQ(session->Recordset()->Fields().Item("SemID").Value(), Variant(1));
     EXPECT_EQ(told.size(), 1U);
@@ -156,7 +156,7 @@ TEST_F(TracingSessionTest, TellsWhyACallWasRefused) {
 
 TEST_F(TracingSessionTest, ARaisedErrorIsToldAndPassesUnchanged) {
     try {
-        session->ExecuteSql("RAISE");
+        (void)session->ExecuteSql("RAISE");
         ADD_FAILURE() << "nothing raised";
     } catch (const Error& error) {
         EXPECT_EQ(error.Number(), 102);
@@ -170,7 +170,7 @@ TEST_F(TracingSessionTest, ARaisedErrorIsToldAndPassesUnchanged) {
 }
 
 TEST_F(TracingSessionTest, AnythingElseThatIsThrownIsToldToo) {
-    EXPECT_THROW(session->ExecuteSql("THROW"), int);
+    EXPECT_THROW((void)session->ExecuteSql("THROW"), int);
     ASSERT_EQ(told.size(), 1U);
     EXPECT_FALSE(Last().ok);
     EXPECT_EQ(Last().error, "An exception of an unknown type was thrown.");
@@ -249,9 +249,9 @@ TEST_F(TracingSessionTest, PasswordsReachTheSessionButNotTheTrace) {
 TEST(RecordIntoTest, KeepsAReadableListOfTheCalls) {
     const auto calls = std::make_shared<std::vector<std::string>>();
     const Ref<DataSession> session = New<TracingSession>(New<FakeSession>(), RecordInto(calls));
-    session->Connect("Provider=Embedded", "", "", 30);
-    session->OpenSelect("SELECT 1");
-    session->ExecuteSql("REFUSE");
+    (void)session->Connect("Provider=Embedded", "", "", 30);
+    (void)session->OpenSelect("SELECT 1");
+    (void)session->ExecuteSql("REFUSE");
     session->LookupValue("max(SemID)", "Sem_Katalog_IT", "");
     session->AdoConnection()->Open();
     session->AdoConnection()->Execute("SELECT 2");

@@ -168,7 +168,7 @@ TEST(CatalogueForReal, AClientSeesItsOwnSeminarsAndTheCommonOnes) {
 TEST(CatalogueForReal, RemoveDeletesAReadSeminarOnly) {
     const auto session = SampleDatabase();
     colSeminare list;
-    list.Init(2, session);
+    (void)list.Init(2, session);
     const Text key = list.Item(19)->Key();
     EXPECT_EQ(list.Remove(key), false);
     EXPECT_EQ(list.Count(), 19);
@@ -187,7 +187,7 @@ TEST(CatalogueForReal, ASeminarWithADateIsNotRemovedUntilTheDateIsGone) {
     ASSERT_TRUE(session->ExecuteSql("INSERT INTO Sem_Termin_IT (SemTerminID, MDNr, SemID) VALUES (17, 0, 1)"));
     for (const Int32 left : {1, 0}) {
         colSeminare list;
-        list.Init(0, session);
+        (void)list.Init(0, session);
         EXPECT_EQ(list.Item(1)->colTermine()->Count(), left);
         list.Item(1)->Status();
         list.Remove(1);

@@ -84,14 +84,14 @@ Text clsSeminar::Key() try { return KeyText(row_.SemID); } catch (...) {
 
 Ref<LumoSeminar::colTermine> clsSeminar::colTermine() try {
     if (!colTermine_ && !PropertiesInit()) return {};
-    return MadeOnce(colTermine_, [&](auto& made) { made.Init(row_.SemID, row_.MDNr, session_); });
+    return MadeOnce(colTermine_, [&](auto& made) { (void)made.Init(row_.SemID, row_.MDNr, session_); });
 } catch (...) {
     RaiseLabelled(" LumoSeminar062.clsSeminar.Termine");
 }
 
 Ref<LumoSeminar::colSemSchwerpunkte> clsSeminar::colSemSchwerpunkte() try {
     if (!colSemSchwerpunkte_ && !PropertiesInit()) return {};
-    return MadeOnce(colSemSchwerpunkte_, [&](auto& made) { made.Init(row_.SemID, session_); });
+    return MadeOnce(colSemSchwerpunkte_, [&](auto& made) { (void)made.Init(row_.SemID, session_); });
 } catch (...) {
     RaiseLabelled(" LumoSeminar062.clsSeminar.SemSchwerpunkte");
 }

@@ -44,6 +44,9 @@ struct SeminarRow {
 ///
 /// A get loads the row: one statement at the first get, none after it. Where there is no row, each get looks again
 /// and gives 0 or the empty text. A let stores and costs nothing. In a number 0 means "not set".
+///
+/// SemCode and SemTitel go into the statements as they stand, and a single quote breaks them (9999): let texts that
+/// come from people as Quoted(text), also those that were read and are written back.
 class clsSeminar final : public PersistentObject<SeminarRow> {
   public:
     ~clsSeminar() override;
@@ -72,7 +75,7 @@ class clsSeminar final : public PersistentObject<SeminarRow> {
 
     /// Writes all columns back. One statement; none and false where the row has not been read before.
     /// Raises 9999 where it is refused.
-    Bool UpdateDatabase();
+    [[nodiscard]] Bool UpdateDatabase();
 
     /// The key; 0 for a seminar that has no row yet. No load.
     Int32 SemID();

@@ -282,7 +282,7 @@ TEST(clsSeminar, AnUpdateFailsAsDocumentedAtEachStep) {
         [](const Ref<DataSession>& session) {
             const auto seminar = Bound(session, 5);
             seminar->Status();
-            seminar->UpdateDatabase();
+            (void)seminar->UpdateDatabase();
         },
         {{1, kNotOk},
          {2, kNotOk, 9999, {kLabel + "UpdateDatabase"}},

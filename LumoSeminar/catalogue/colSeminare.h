@@ -22,7 +22,7 @@ class colSeminare final : public Object {
 
     /// Lists the catalogue of a client. One statement. False where the connection is not open (nothing is kept) or the
     /// statement is refused. A second call adds to what is there, and raises 457 at the first key that is listed.
-    Bool Init(Int32 p_lngMDNr, const Ref<DataSession>& p_objData);
+    [[nodiscard]] Bool Init(Int32 p_lngMDNr, const Ref<DataSession>& p_objData);
 
     Int32 Count();
 

@@ -33,7 +33,7 @@ void ScriptList(Script& script, Int32 client, const std::vector<std::vector<Vari
 
 Ref<colSeminare> Listed(const Ref<DataSession>& session, Int32 client) {
     auto list = New<colSeminare>();
-    list->Init(client, session);
+    (void)list->Init(client, session);
     return list;
 }
 

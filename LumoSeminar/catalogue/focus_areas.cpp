@@ -67,6 +67,12 @@ constexpr Sql<Int32, Int32> kInsertLink =
 // Stands behind the label of a write.
 Text LastErrorAddition(const Ref<DataSession>& session) { return "\r\nADO-Fehlermeldung: " + session->LastErrorText(); }
 
+// The rows of a statement; an empty reference, which raises 91 once it is used, where it is refused.
+Ref<RecordSet> RowsOrNone(const Ref<DataSession>& session, const Text& sql) {
+    (void)session->OpenSelect(sql);
+    return session->Recordset();
+}
+
 // Runs a statement that yields no rows as if it did, and drops what it gives.
 Bool RunAsSelect(const Ref<DataSession>& session, const Text& sql) {
     if (!session->OpenSelect(sql)) return false;
@@ -231,8 +237,7 @@ Bool clsSemTerminSchwerpunkt::WriteToDatabase() try {
     Ref<RecordSet> rows = SelectByName();
     const Int32 focus_area = rows->Eof() ? InsertFocusArea() : To<Int32>(rows->Fields().Item(0).Value());
     if (focus_area != 0) {
-        session_->OpenSelect(kSelectLink(row_.SemTerminID, focus_area));
-        rows = session_->Recordset();
+        rows = RowsOrNone(session_, kSelectLink(row_.SemTerminID, focus_area));
         if (!rows->Eof()) {
             linked = true;
         } else if (session_->ExecuteSql(kInsertLink(focus_area, row_.SemTerminID))) {
@@ -247,15 +252,14 @@ Bool clsSemTerminSchwerpunkt::WriteToDatabase() try {
 }
 
 Ref<RecordSet> clsSemTerminSchwerpunkt::SelectByName() {
-    session_->OpenSelect(common::IsMDabhKonst(session_) ? kSelectByNameAndClient(row_.WBS, common::GetActMD(session_))
-                                                        : kSelectByName(row_.WBS));
-    return session_->Recordset();
+    return RowsOrNone(session_, common::IsMDabhKonst(session_) ? kSelectByNameAndClient(row_.WBS, common::GetActMD(session_))
+                                                               : kSelectByName(row_.WBS));
 }
 
 Int32 clsSemTerminSchwerpunkt::InsertFocusArea() {
     const auto id = To<Int32>(session_->LookupValue("ISNULL(max(WBS_ID),0)+1", "sysIData_WBS", ""));
     if (session_->ExecuteSql(kInsertFocusArea(id, row_.WBS)) && common::IsMDabhKonst(session_)) {
-        session_->ExecuteSql(kInsertClient(id, common::GetActMD(session_)));
+        (void)session_->ExecuteSql(kInsertClient(id, common::GetActMD(session_)));
     }
     return id;
 }

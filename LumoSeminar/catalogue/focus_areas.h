@@ -25,6 +25,9 @@ struct SemSchwerpunktRow {
 ///
 /// Every get but Key loads: one statement at the first, none after it. Where there is no such link, and without a
 /// session, each get looks again and gives 0 or the empty text. A let stores and costs nothing.
+///
+/// WBS goes into the statement as it stands, and a single quote breaks it: let a name that comes from people as
+/// Quoted(name).
 class clsSemSchwerpunkt final : public PersistentObject<SemSchwerpunktRow> {
   public:
     explicit clsSemSchwerpunkt(MadeBy<colSemSchwerpunkte>);
@@ -43,12 +46,12 @@ class clsSemSchwerpunkt final : public PersistentObject<SemSchwerpunktRow> {
 
     /// Binds the object to a link and a session. No statement. False where the connection is not open: nothing is kept.
     /// Raises 91 for an empty session.
-    Bool Init(Int32 p_lngSchwerpunktID, Int32 p_lngSemID, const Ref<DataSession>& p_objData);
+    [[nodiscard]] Bool Init(Int32 p_lngSchwerpunktID, Int32 p_lngSemID, const Ref<DataSession>& p_objData);
 
     /// Inserts the link, then the focus area: two statements, and none where the link has not been read before. True
     /// only where both were new, so under another SchwerpunktID than was read. A refused insert is false without an
     /// error, and a link that was inserted before it stays.
-    Bool WriteToDatabase();
+    [[nodiscard]] Bool WriteToDatabase();
 
   private:
     friend class colSemSchwerpunkte;
@@ -85,7 +88,7 @@ class colSemSchwerpunkte final : public Object {
     /// Lists the focus areas of a seminar. One statement. False where the connection is not open (nothing is kept) and
     /// where the statement is refused. A second call adds to what is there, and raises 457 at the first key that is
     /// listed.
-    Bool Init(Int32 p_lngSemID, const Ref<DataSession>& p_objData);
+    [[nodiscard]] Bool Init(Int32 p_lngSemID, const Ref<DataSession>& p_objData);
 
   private:
     Bool LoadKeysFromDatabase();
@@ -107,6 +110,9 @@ struct SemTerminSchwerpunktRow {
 /// Gets and lets of WBS and the get of SchwerpunktID load: one statement at the first, none after it. A link that is
 /// not there counts as read; its WBS is empty. Where the load is refused, a get gives 0 or the empty text and a let of
 /// WBS stores nothing, silently; the next member tries again.
+///
+/// WBS goes into the statements as it stands, and a single quote breaks them: let a name that comes from people as
+/// Quoted(name). It is then looked for, and stored, as it was written.
 class clsSemTerminSchwerpunkt final : public PersistentObject<SemTerminSchwerpunktRow> {
   public:
     /// SchwerpunktID in ten digits: the key of the entry in a colSemTerminSchwerpunkte. No load.
@@ -125,7 +131,7 @@ class clsSemTerminSchwerpunkt final : public PersistentObject<SemTerminSchwerpun
     /// Binds the object to a link and a session. No statement. False where the connection is not open: nothing is kept.
     /// Raises 91 for an empty session, and type mismatch (13), invalid use of Null (94) and overflow (6) for a
     /// p_lngSchwerpunktID that is no number: the session is then kept.
-    Bool Init(const Variant& p_lngSchwerpunktID, Int32 p_lngSemTerminID, const Ref<DataSession>& p_objData);
+    [[nodiscard]] Bool Init(const Variant& p_lngSchwerpunktID, Int32 p_lngSemTerminID, const Ref<DataSession>& p_objData);
 
     /// Ties the date to the focus area of this name, which is made where there is none. Where focus areas are kept per
     /// client, only those of the active client are looked at, and a new one is made visible to it. Two to ten
@@ -136,10 +142,10 @@ class clsSemTerminSchwerpunkt final : public PersistentObject<SemTerminSchwerpun
     /// link is refused. Raises 91 where the search for the name or for the link is refused (for a name with a single
     /// quote: nothing is written), and invalid use of Null (94) where there is no key for a new focus area; behind the
     /// label stands the session's LastErrorText.
-    Bool WriteToDatabase();
+    [[nodiscard]] Bool WriteToDatabase();
 
     /// Deletes the link; the focus area stays. One statement, and the load. False where either is refused.
-    Bool DeleteFromDatabase();
+    [[nodiscard]] Bool DeleteFromDatabase();
 
   private:
     Bool PropertiesInit() override;
@@ -173,7 +179,7 @@ class colSemTerminSchwerpunkte final : public Object {
     /// Lists the focus areas of a date. One statement. False where the connection is not open (nothing is kept) and
     /// where the statement is refused. A second call adds to what is there, and raises 457 at the first key that is
     /// listed.
-    Bool Init(Int32 p_lngSemTerminID, const Ref<DataSession>& p_objData);
+    [[nodiscard]] Bool Init(Int32 p_lngSemTerminID, const Ref<DataSession>& p_objData);
 
   private:
     /// Empties the list of a date that is deleted.

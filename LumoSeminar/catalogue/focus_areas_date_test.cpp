@@ -159,8 +159,8 @@ TEST(clsSemTerminSchwerpunkt, WhatWritesAndDeletesCarriesItsLabelWhereItLoads) {
         std::function<void(clsSemTerminSchwerpunkt&)> call;
         Labels behind;
     } calls[] = {
-        {"DeleteFromDatabase", [](clsSemTerminSchwerpunkt& f) { f.DeleteFromDatabase(); }, {}},
-        {"WriteToDatabase", [](clsSemTerminSchwerpunkt& f) { f.WriteToDatabase(); }, {"ADO-Fehlermeldung: "}},
+        {"DeleteFromDatabase", [](clsSemTerminSchwerpunkt& f) { (void)f.DeleteFromDatabase(); }, {}},
+        {"WriteToDatabase", [](clsSemTerminSchwerpunkt& f) { (void)f.WriteToDatabase(); }, {"ADO-Fehlermeldung: "}},
     };
     for (const auto& c : calls) {
         SCOPED_TRACE(c.label);
@@ -214,7 +214,7 @@ TEST(clsSemTerminSchwerpunkt, ADeleteFailsAsDocumentedAtEachStep) {
         },
         [](const Ref<DataSession>& session) {
             clsSemTerminSchwerpunkt focus_area;
-            if (focus_area.Init(7, 17, session)) focus_area.DeleteFromDatabase();
+            if (focus_area.Init(7, 17, session)) (void)focus_area.DeleteFromDatabase();
         },
         {{1, kNotOk, 0, {}, {"Open of the connection"}},
          {2, kNotOk},

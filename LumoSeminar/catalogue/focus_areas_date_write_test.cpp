@@ -224,7 +224,7 @@ TEST_F(DateFocusAreaWrite, OfAnUnreadOneLoadsFirst) {
     ScriptLink(script, 7, {{17}});
     script.CloseRows();
     clsSemTerminSchwerpunkt link;
-    link.Init(7, 17, script.Session());
+    (void)link.Init(7, 17, script.Session());
     EXPECT_EQ(link.WriteToDatabase(), true);
     EXPECT_EQ(script.Report(), "");
 }
@@ -233,7 +233,7 @@ TEST_F(DateFocusAreaWrite, IsFalseWithoutAnythingMoreWhereTheLoadIsRefused) {
     script.AdoConnection();
     script.OpenSelect(SelectOfDate(17, 7)).Refused("time-out");
     clsSemTerminSchwerpunkt link;
-    link.Init(7, 17, script.Session());
+    (void)link.Init(7, 17, script.Session());
     EXPECT_EQ(link.WriteToDatabase(), false);
     EXPECT_EQ(script.LastErrorTextCalls(), 0);
     EXPECT_EQ(script.Report(), "");
@@ -430,7 +430,7 @@ TEST(clsSemTerminSchwerpunkt, AWriteFailsAsDocumentedAtEachStep) {
         },
         [](const Ref<DataSession>& session) {
             clsSemTerminSchwerpunkt link;
-            if (link.Init(7, 17, session)) link.WriteToDatabase();
+            if (link.Init(7, 17, session)) (void)link.WriteToDatabase();
         },
         {{1, kNotOk, 0, silent, {"Open of the connection"}},
          {2, kNotOk},

@@ -47,7 +47,7 @@ class FocusAreaLists : public testing::Test {
 
     static Ref<List> Listed(const Ref<DataSession>& session, Int32 owner = 17) {
         auto list = New<List>();
-        list->Init(owner, session);
+        (void)list->Init(owner, session);
         return list;
     }
 

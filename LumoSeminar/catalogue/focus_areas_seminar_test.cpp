@@ -187,7 +187,7 @@ TEST(clsSemSchwerpunkt, AWriteFailsAsDocumentedAtEachStep) {
             colSemSchwerpunkte list;
             if (!list.Init(5, session)) return;
             list.Item(1)->WBS();
-            list.Item(1)->WriteToDatabase();
+            (void)list.Item(1)->WriteToDatabase();
         },
         {{1, kNotOk, 0, {}, {"Open of the connection"}},
          {2, kNotOk},

@@ -189,7 +189,9 @@ Ref<LumoSeminar::colTermine> clsTeilnehmer::colTermine() try {
     if (!colTermine_) {
         colTermine_ = New<LumoSeminar::colTermine>();
         const Text kind = objWBPerson()->PersGr();
-        const auto List = [&](const Text& filter) { colTermine_->Init(kAllSeminars, row_.MDNr, session_, filter, true); };
+        const auto List = [&](const Text& filter) {
+            (void)colTermine_->Init(kAllSeminars, row_.MDNr, session_, filter, true);
+        };
         if (kind == PersonKind::kEmployee) List(kDatesOfEmployee(row_));
         if (kind == PersonKind::kApplicant) List(kDatesOfApplicant(row_));
         if (kind == PersonKind::kWorker) List(kDatesOfWorker(row_));
@@ -278,9 +280,13 @@ void clsTeilnehmer::Vorname(Text value) try {
 
 Text clsTeilnehmer::MDPersNr() try {
     const Text kind = PersGr();
-    if (kind == PersonKind::kEmployee) return DefaultText(MDNR()) + "M" + DefaultText(ANNr());
-    if (kind == PersonKind::kApplicant) return DefaultText(MDNR()) + "M" + DefaultText(BWID());
-    if (kind == PersonKind::kWorker) return DefaultText(MDNR()) + "M" + DefaultText(LAID());
+    const auto AndKey = [this](Int32 (clsTeilnehmer::*key)()) {
+        const Int32 client = MDNR();
+        return DefaultText(client) + "M" + DefaultText((this->*key)());
+    };
+    if (kind == PersonKind::kEmployee) return AndKey(&clsTeilnehmer::ANNr);
+    if (kind == PersonKind::kApplicant) return AndKey(&clsTeilnehmer::BWID);
+    if (kind == PersonKind::kWorker) return AndKey(&clsTeilnehmer::LAID);
     return {};
 } catch (...) {
     RaiseLabelled("LumoSeminar.clsTeilnehmer.MDPersNr");
@@ -314,8 +320,9 @@ void clsTeilnehmer::Kost(Int32 value) try {
 
 Text clsTeilnehmer::NameVorname() try {
     if (!PropertiesInit()) return {};
-    const Text name = Name() + ", " + Vorname();
-    return name == ", " ? Text() : name;
+    const Text name = Name();
+    const Text first_name = Vorname();
+    return name.empty() && first_name.empty() ? Text() : name + ", " + first_name;
 } catch (...) {
     RaiseLabelled(" LumoSeminar062.clsTeilnehmer.NameVorname -> Property GET");
 }

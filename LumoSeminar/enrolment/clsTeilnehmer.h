@@ -1,5 +1,6 @@
 #pragma once
 
+#include <concepts>
 #include <memory>
 
 #include <LumoSeminar/frame/date_time.h>
@@ -42,9 +43,17 @@ struct TeilnehmerRow {
 /// One enrolment of one person in one date. Made by the list of participants of the date, or by the person for its
 /// training history.
 ///
-/// Nearly every member loads: one statement at the first, none after it. A row that is not there, and a refused load,
-/// count as read; a new record is enrolled (Teilnahme -1), Herkunft 3, Ergebnis 1, entered today by the user of the
-/// session defaults. A link to another object is made at the first use and kept.
+/// Nearly every member loads: one statement at the first, none after it. A row that is not there counts as read and
+/// makes a new record, at the cost of a second statement, the load of its date: enrolled (Teilnahme -1), Herkunft 3,
+/// Ergebnis 1, entered today by the user of the session defaults. A link to another object is made at the first use and
+/// kept.
+///
+/// BEWARE: A REFUSED LOAD COUNTS AS READ, TOO, silently and until the next Init. The record then stands with zeroes and
+/// empty texts (Teilnahme 0: cancelled, MDNR 0), and WriteToDatabase writes them over the row that could not be read.
+/// Look at MDNR before an existing record is written: 0 tells it.
+///
+/// ErfUser and Bemerkung go into the statements as they stand, and a single quote breaks them: the write is false. Let
+/// texts that come from people as Quoted(text), also those that were read and are written back.
 ///
 /// The first of ANNr, BWID and LAID that is not 0 says who the person is: an employee, an applicant, a temporary worker.
 class clsTeilnehmer final : public PersistentObject<TeilnehmerRow> {
@@ -71,16 +80,21 @@ class clsTeilnehmer final : public PersistentObject<TeilnehmerRow> {
     /// Binds the record to a key (0: a new record) and a session. False, and nothing is kept, where the connection is
     /// not open. No statement; with a date one, because it loads.
     /// @param p_lngSemTerminID  the date; 0: the one of the row
-    Bool Init(Int32 p_lngTeilnehmerID, const Ref<DataSession>& p_objData, Int32 p_lngSemTerminID = 0);
+    [[nodiscard]] Bool Init(Int32 p_lngTeilnehmerID, const Ref<DataSession>& p_objData, Int32 p_lngSemTerminID = 0);
 
-    /// Updates the row, or inserts it where the key is not above 0; an inserted record takes the largest key of the
-    /// table. Days and times that are 0 are taken from the date first, into the record, too. Then each cost line is
-    /// written. False, without an error, where the load or the statement is refused; costs raise 9999.
-    /// One statement (a new record: and a lookup), the date's load, and the costs.
-    Bool WriteToDatabase(Int32 p_lngUserID);
+    /// Updates the row, or inserts it where the key is not above 0. Days and times that are 0 are taken from the date
+    /// first, into the record, too. Then each cost line is written. One statement, and the loads of the record and its
+    /// date.
+    ///
+    /// False, without an error, where the statement is refused, and only there: a refused load is no reason, the zeroes
+    /// that it leaves are written. Costs raise 9999.
+    ///
+    /// An insert makes the largest key of the table plus one. A record with key 0 then takes the largest key that it
+    /// finds (one lookup more); one with a negative key keeps that, and its new cost lines go there.
+    [[nodiscard]] Bool WriteToDatabase(Int32 p_lngUserID);
 
     /// Deletes the row; cost lines stay. One statement; false where it is refused.
-    Bool DeleteFromDatabase();
+    [[nodiscard]] Bool DeleteFromDatabase();
 
     /// The key; 0 for a record that has no row yet. The let does not load.
     Int32 TeilnehmerID();
@@ -99,9 +113,10 @@ class clsTeilnehmer final : public PersistentObject<TeilnehmerRow> {
     /// User who entered it.
     Text ErfUser();
     void ErfUser(Text value);
-    /// -1 enrolled, 0 cancelled; anything else mostly counts as enrolled.
+    /// -1 enrolled, 0 cancelled; anything else mostly counts as enrolled. True is let as -1.
     Int16 Teilnahme();
     void Teilnahme(Int16 value);
+    void Teilnahme(TruthValue auto value) { Teilnahme(Bool(value).Number()); }
     /// How it came about: 3 enrolled by hand or approved, 4 approved from elsewhere, 5 from the wait-list.
     Int32 Herkunft();
     void Herkunft(Int32 value);
@@ -122,9 +137,11 @@ class clsTeilnehmer final : public PersistentObject<TeilnehmerRow> {
     /// Code of the reason for cancelling; 0: none.
     Int32 StornoGrund();
     void StornoGrund(Int32 value);
-    /// What a cancelled enrolment costs.
+    /// What a cancelled enrolment costs, in whole ones.
     Int16 StornoKosten();
     void StornoKosten(Int16 value);
+    template <std::floating_point T>
+    void StornoKosten(T value) = delete;  // say StornoKosten(To<Int16>(value)): it rounds
     /// Code of the result; 1 at first.
     Int32 Ergebnis();
     void Ergebnis(Int32 value);
@@ -183,8 +200,8 @@ class clsTeilnehmer final : public PersistentObject<TeilnehmerRow> {
     /// @param p_blnCheckAnmeldungSeminar  is the person enrolled in an open date of the seminar?
     /// @param p_blnCheckTeilnahme  has the person taken the seminar before?
     /// @param p_blnCheckVoraussetzung  is a prerequisite missing?
-    Bool CheckTeilnehmerAnmeldung(Bool p_blnCheckAnmeldungSeminar = true, Bool p_blnCheckTeilnahme = true,
-                                  Bool p_blnCheckVoraussetzung = true);
+    [[nodiscard]] Bool CheckTeilnehmerAnmeldung(Bool p_blnCheckAnmeldungSeminar = true, Bool p_blnCheckTeilnahme = true,
+                                                Bool p_blnCheckVoraussetzung = true);
     /// The findings of the last run, a new list each; empty before the first.
     Ref<colErrorMsg> colErrorsAnmeldung();
 

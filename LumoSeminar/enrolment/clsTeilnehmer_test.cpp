@@ -152,18 +152,18 @@ TEST_F(clsTeilnehmerTest, ASecondInitLoadsAgainAndReplacesWhatWasLet) {
 
 TEST_F(clsTeilnehmerTest, InitWithADateFailsAsDocumentedAtEachStep) {
     const Labels load = {kLabel + "PropertiesInit", kLabel + "MDNr -> Property LET", kLabel + "Init"};
-    test_support::ExpectFailures(
-        [](Script& script) { ScriptNew(script); }, [](const Ref<DataSession>& session) { Made()->Init(0, session, 17); },
-        {{1, kNotOk, 0, {}, {"Open of the connection"}},
-         {1, kRaises, 7001, {kLabel + "Init"}},
-         {2, kNotOk},
-         {2, kRaises, 7001, load},
-         {3, kNotOk},
-         {3,
-          kRaises,
-          7001,
-          {" LumoSeminar062.clsTermin.PropertiesInit", " LumoSeminar062.clsTermin.SemTerminID --> GET", kLabelOfRow,
-           load[0], load[1], load[2]}}});
+    test_support::ExpectFailures([](Script& script) { ScriptNew(script); },
+                                 [](const Ref<DataSession>& session) { (void)Made()->Init(0, session, 17); },
+                                 {{1, kNotOk, 0, {}, {"Open of the connection"}},
+                                  {1, kRaises, 7001, {kLabel + "Init"}},
+                                  {2, kNotOk},
+                                  {2, kRaises, 7001, load},
+                                  {3, kNotOk},
+                                  {3,
+                                   kRaises,
+                                   7001,
+                                   {" LumoSeminar062.clsTermin.PropertiesInit", " LumoSeminar062.clsTermin.SemTerminID --> GET",
+                                    kLabelOfRow, load[0], load[1], load[2]}}});
 }
 
 // The load.
@@ -409,7 +409,7 @@ TEST_F(clsTeilnehmerTest, ARefusedDeleteIsFalseAndRaisesNothing) {
 
 TEST_F(clsTeilnehmerTest, ADeleteFailsAsDocumentedAtEachStep) {
     ExpectRecordFailures([](Script& script) { script.ExecuteSql(Delete(7)); },
-                         [](clsTeilnehmer& record) { record.DeleteFromDatabase(); },
+                         [](clsTeilnehmer& record) { (void)record.DeleteFromDatabase(); },
                          {{1, kNotOk}, {1, kRaises, 7001, {kLabel + "DeleteFromDatabase"}}});
 }
 

@@ -371,7 +371,7 @@ TEST_F(clsTeilnehmerTest, AnUpdateFailsAsDocumentedAtEachStep) {
             script.ExecuteSql(line);
         },
         [](clsTeilnehmer& record) {
-            if (record.Herkunft() == 5) record.WriteToDatabase(kUserID);
+            if (record.Herkunft() == 5) (void)record.WriteToDatabase(kUserID);
         },
         {{1, kNotOk},
          {2,
@@ -403,7 +403,7 @@ TEST_F(clsTeilnehmerTest, AnInsertFailsAsDocumentedAtEachStep) {
             script.ExecuteSql(line);
         },
         [](clsTeilnehmer& record) {
-            if (record.Herkunft() == 5) record.WriteToDatabase(kUserID);
+            if (record.Herkunft() == 5) (void)record.WriteToDatabase(kUserID);
         },
         {{1, kNotOk},
          {2,

@@ -54,7 +54,7 @@ Bool colTeilnehmer::LoadKeysFromDatabase(const Text& p_strFilterString) try {
 
 Ref<clsTeilnehmer> colTeilnehmer::NewRecord(Int32 key) {
     auto record = New<clsTeilnehmer>(MadeBy<colTeilnehmer>());
-    record->Init(key, session_, p_lngSemTerminID_);
+    (void)record->Init(key, session_, p_lngSemTerminID_);
     return record;
 }
 

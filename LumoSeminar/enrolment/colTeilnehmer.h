@@ -28,8 +28,9 @@ class colTeilnehmer final : public Object {
     /// Lists the participants of a date, in the order of the server. False where the connection is not open (nothing is
     /// kept) or the statement is refused. A second call adds to what is there, and raises 457 at the first key that is
     /// listed.
-    /// @param p_strFilterString  a further condition: " AND ...", the blank included
-    Bool Init(Int32 p_lngSemTerminID, const Ref<DataSession>& p_objData, const Text& p_strFilterString = {});
+    /// @param p_strFilterString  a further condition: " AND ...", the blank included; a text that comes from people
+    ///     stands in it as Quoted(text)
+    [[nodiscard]] Bool Init(Int32 p_lngSemTerminID, const Ref<DataSession>& p_objData, const Text& p_strFilterString = {});
 
     /// Files an entry under another key, at the end: a record that was new gets its Key by
     /// ChangeKey("0000000000", record->Key()). No statement. Raises key not found (5), and 457.
@@ -45,7 +46,7 @@ class colTeilnehmer final : public Object {
 
     /// Deletes the row of an entry and takes the entry out of the list. One statement. False, and the entry stays,
     /// where it is refused. Raises 91 for a key that is not there.
-    Bool Remove(const Variant& p_vntIndexKey);
+    [[nodiscard]] Bool Remove(const Variant& p_vntIndexKey);
 
     /// Takes an entry out of the list; its row stays. True. Raises key not found (5), position out of range (9).
     Bool RemoveColOnly(const Variant& p_vntIndexKey);

@@ -487,7 +487,7 @@ TEST_F(colTeilnehmerTest, EveryFailureOfARemovalIsSilentOrRaisesUnderItsLabels) 
         },
         [](const Ref<DataSession>& session) {
             colTeilnehmer list;
-            if (list.Init(17, session)) list.Remove(1);
+            if (list.Init(17, session)) (void)list.Remove(1);
         },
         {{1, kNotOk, 0, {}, {open}},
          {2, kNotOk},
@@ -534,11 +534,11 @@ TEST_F(colTeilnehmerTest, EveryMemberThatCanRaiseAddsItsOwnLabel) {
         void (*run)(colTeilnehmer&);
     } cases[] = {
         {" LumoSeminar062.ColTeilnehmer.Item", [](colTeilnehmer& l) { l.Item(7); }},
-        {" LumoSeminar062.ColTeilnehmer.Init", [](colTeilnehmer& l) { l.Init(17, nullptr); }},
+        {" LumoSeminar062.ColTeilnehmer.Init", [](colTeilnehmer& l) { (void)l.Init(17, nullptr); }},
         {"LumoSeminar.colTeilnehmer.ChangeKey", [](colTeilnehmer& l) { l.ChangeKey("a", "b"); }},
         {" LumoSeminar062.ColTeilnehmer.Add", [](colTeilnehmer& l) { l.Add(7); }},
         {"LumoSeminar.colTeilnehmer.AddEmptyObject", [](colTeilnehmer& l) { l.AddEmptyObject(); }},
-        {" LumoSeminar062.ColTeilnehmer.Remove", [](colTeilnehmer& l) { l.Remove("a"); }},
+        {" LumoSeminar062.ColTeilnehmer.Remove", [](colTeilnehmer& l) { (void)l.Remove("a"); }},
         {" LumoSeminar062.ColTeilnehmer.RemoveColOnly", [](colTeilnehmer& l) { l.RemoveColOnly("a"); }},
     };
     for (const auto& c : cases) {

@@ -9,14 +9,6 @@
 namespace LumoSeminar {
 namespace {
 
-namespace Finding {
-constexpr Int32 kAlreadyEnrolled = 300000001;
-constexpr Int32 kOverlap = 300000002;
-constexpr Int32 kOpenDateOfSeminar = 300000003;
-constexpr Int32 kTakenBefore = 300000004;
-constexpr Int32 kPrerequisiteMissing = 300000005;
-}  // namespace Finding
-
 // A second number for employees, which only a person set from outside can have.
 constexpr Byte kOtherEmployeeID = 14;
 
@@ -101,7 +93,9 @@ Text clsTeilnehmer::PersonFilter(Int32 applicant) {
 void clsTeilnehmer::AddFindings(Int32 error_id, const Ref<RecordSet>& rows) {
     for (; !rows->Eof(); rows->MoveNext()) {
         const Fields fields = rows->Fields();
-        colErrorsAnmeldung_->Add(error_id, TextOrEmpty(fields.Item(0)) + " - " + TextOrEmpty(fields.Item(1)), DateTime());
+        const Text code = TextOrEmpty(fields.Item(0));
+        const Text title = TextOrEmpty(fields.Item(1));
+        colErrorsAnmeldung_->Add(error_id, code + " - " + title, DateTime());
     }
 }
 
@@ -112,7 +106,7 @@ Bool clsTeilnehmer::CheckAnmeldungSeminar() {
     if (!session_->OpenSelect(kSelectOpenDates(seminar, PersonFilter(row_.BWID)))) return false;
     const Ref<RecordSet> rows = session_->Recordset();
     if (rows->Eof()) return true;
-    AddFindings(Finding::kOpenDateOfSeminar, rows);
+    AddFindings(FindingNumber::kOpenDateOfSeminar, rows);
     rows->Close();
     return false;
 }
@@ -128,7 +122,7 @@ Bool clsTeilnehmer::CheckAnmeldungStorno() try {
     if (!session_->OpenSelect(kSelectEnrolled(row_.SemTerminID, person))) return false;
     const Ref<RecordSet> rows = session_->Recordset();
     const Bool is_free = rows->Eof();
-    if (!is_free) colErrorsAnmeldung_->Add(Finding::kAlreadyEnrolled, "", DateTime());
+    if (!is_free) colErrorsAnmeldung_->Add(FindingNumber::kAlreadyEnrolled, "", DateTime());
     rows->Close();
     return is_free;
 } catch (...) {
@@ -141,7 +135,7 @@ Bool clsTeilnehmer::CheckZeitraum() try {
     if (!session_->OpenSelect(kSelectOverlaps(row_.SemTerminID, PersonFilter(row_.ANNr)))) return false;
     const Ref<RecordSet> rows = session_->Recordset();
     const Bool is_free = rows->Eof();
-    AddFindings(Finding::kOverlap, rows);
+    AddFindings(FindingNumber::kOverlap, rows);
     rows->Close();
     return is_free;
 } catch (...) {
@@ -154,7 +148,7 @@ Bool clsTeilnehmer::CheckTeilnahme() try {
     if (!session_->OpenSelect(kSelectTakenBefore(seminar, PersonFilter(row_.BWID)))) return false;
     const Ref<RecordSet> rows = session_->Recordset();
     if (rows->Eof()) return true;
-    AddFindings(Finding::kTakenBefore, rows);
+    AddFindings(FindingNumber::kTakenBefore, rows);
     rows->Close();
     return false;
 } catch (...) {
@@ -182,7 +176,7 @@ bool clsTeilnehmer::CheckRequiredSeminars() {
     if (!session_->OpenSelect(kSelectRequiredTaken(seminar, row_.MDNr, person))) return false;
     const Ref<RecordSet> taken = session_->Recordset();
     const bool none_taken = static_cast<bool>(taken->Eof());
-    if (!none_taken) colErrorsAnmeldung_->Add(Finding::kPrerequisiteMissing, "", DateTime());
+    if (!none_taken) colErrorsAnmeldung_->Add(FindingNumber::kPrerequisiteMissing, "", DateTime());
     taken->Close();
     return none_taken;
 }
@@ -193,8 +187,10 @@ void clsTeilnehmer::CheckRequiredSkills() {
     if (required->Eof() || FirstNumber(required) == 0) return;
     if (!session_->OpenSelect(kCountHeldSkills(row_.MDNr, row_.ANNr))) return;
     const Ref<RecordSet> held = session_->Recordset();
-    if (held->Eof() || FirstNumber(required) <= FirstNumber(held)) return;
-    colErrorsAnmeldung_->Add(Finding::kPrerequisiteMissing, "", DateTime());
+    if (held->Eof()) return;
+    const Int32 asked_for = FirstNumber(required);
+    if (asked_for <= FirstNumber(held)) return;
+    colErrorsAnmeldung_->Add(FindingNumber::kPrerequisiteMissing, "", DateTime());
 }
 
 }  // namespace LumoSeminar

@@ -209,7 +209,7 @@ std::vector<test_support::ExpectedFailure> WithThoseOfTheRecord(std::vector<test
 }
 
 void CheckAll(const Ref<DataSession>& session) {
-    if (const auto record = Record(session)) record->CheckTeilnehmerAnmeldung();
+    if (const auto record = Record(session)) (void)record->CheckTeilnehmerAnmeldung();
 }
 
 /// The calls of a script from one step to another, as they stand in its record.
@@ -277,7 +277,7 @@ TEST_F(EnrolmentCheckFailures, FailAsDocumentedAtEachStepOfTheSkills) {
     ExpectFailures(
         write_script,
         [](const Ref<DataSession>& session) {
-            if (const auto record = Record(session)) record->CheckTeilnehmerAnmeldung(false, false, true);
+            if (const auto record = Record(session)) (void)record->CheckTeilnehmerAnmeldung(false, false, true);
         },
         WithThoseOfTheRecord({{2,
                                kNotOk,

@@ -63,7 +63,7 @@ T FieldOr(const Field& field, T replacement) {
 }
 
 /// Whether the connection is open; one that is closed is opened again first.
-Bool OpenADOConnection(const Ref<Connection>& connection);
+[[nodiscard]] Bool OpenADOConnection(const Ref<Connection>& connection);
 
 /// "dd.mm.yyyy"
 Text FormatDatum(DateTime date);

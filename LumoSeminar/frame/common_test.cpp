@@ -261,7 +261,9 @@ TEST_F(GetInfoDispatcher, RaisesWithoutALabelWhereTheComponentCannotBeCreated) {
     const auto error = RaisedBy([] { return common::GetInfoDispatcher(7, 1, 1, 1); });
     ASSERT_TRUE(error);
     EXPECT_EQ(error->Number(), 429);
-    EXPECT_EQ(error->Description(), "The component InfoDispatcher cannot be created: this thread has no maker for it.");
+    EXPECT_EQ(error->Description(),
+              "The component InfoDispatcher cannot be created: this thread has no maker for it. "
+              "Call LumoConnection::Install or SetComponents in it first.");
 }
 
 TEST(Components, RaiseWhereNoMakerIsSetOrItMakesNothing) {
@@ -271,7 +273,11 @@ TEST(Components, RaiseWhereNoMakerIsSetOrItMakesNothing) {
     EXPECT_RAISES(429, MakeSessionDefaults());
     SetComponents(
         {.data_session = [] { return Ref<DataSession>(); }, .info_dispatcher = {}, .info_starter = {}, .session_defaults = {}});
-    EXPECT_RAISES(429, MakeDataSession());
+    const auto error = RaisedBy([] { return MakeDataSession(); });
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->Number(), 429);
+    EXPECT_EQ(error->Description(),
+              "The component DataSession cannot be created: the maker that SetComponents was given has made nothing.");
     SetComponents({});
 }
 

@@ -8,13 +8,17 @@ namespace {
 
 thread_local Components components_of_thread;
 
+[[noreturn]] void RaiseNotCreated(const char* name, const char* why) {
+    Raise(ErrorNumber::kComponentNotCreated, std::string("The component ") + name + " cannot be created: " + why);
+}
+
 template <class T>
 Ref<T> Make(const std::function<Ref<T>()>& maker, const char* name) {
-    Ref<T> object = maker ? maker() : nullptr;
-    if (!object) {
-        Raise(ErrorNumber::kComponentNotCreated,
-              std::string("The component ") + name + " cannot be created: this thread has no maker for it.");
+    if (!maker) {
+        RaiseNotCreated(name, "this thread has no maker for it. Call LumoConnection::Install or SetComponents in it first.");
     }
+    Ref<T> object = maker();
+    if (!object) RaiseNotCreated(name, "the maker that SetComponents was given has made nothing.");
     return object;
 }
 

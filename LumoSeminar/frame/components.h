@@ -45,8 +45,9 @@ class InfoStarter : public Object {
     virtual Variant Starten(Int32 module_number, Int32 key, Int32 p_lngUserID) = 0;
 };
 
-/// Defaults of the login, kept once per thread. Each of the two lookups gives one text for an index. Both texts of index
-/// 2 go to Verbinden; the first is also entered as the maker of a new enrolment, and goes into the statement as it stands.
+/// Defaults of the login, kept once per thread. Each of the two lookups gives one text for an index. Both texts of
+/// index 2 go to Verbinden; the first is also entered as the maker of a new enrolment, and goes into the statement as
+/// it stands: Quoted(name) where it may hold a single quote.
 class SessionDefaults : public Object {
   public:
     virtual Text FirstText(Int32 index) = 0;
@@ -54,7 +55,8 @@ class SessionDefaults : public Object {
 };
 
 /// Makers of the objects that the library creates but does not contain. Those of a thread are set by its front end or
-/// by LumoConnection::Install(); a maker that is not set raises 429 when it is needed.
+/// by LumoConnection::Install(); a maker that is not set raises 429 when it
+/// is needed: each thread sets its own.
 struct Components {
     std::function<Ref<DataSession>()> data_session;
     std::function<Ref<InfoDispatcher>()> info_dispatcher;

@@ -32,7 +32,7 @@ class DataSession : public Object {
   public:
     /// Opens the session.
     /// @param timeout seconds, for the login and for each statement
-    virtual Bool Connect(const Text& connection_text, const Text& user, const Text& password, Int32 timeout) = 0;
+    [[nodiscard]] virtual Bool Connect(const Text& connection_text, const Text& user, const Text& password, Int32 timeout) = 0;
 
     virtual Ref<Connection> AdoConnection() = 0;
 
@@ -40,10 +40,10 @@ class DataSession : public Object {
     virtual Ref<RecordSet> Recordset() = 0;
 
     /// Runs a text that yields rows.
-    virtual Bool OpenSelect(const Text& sql) = 0;
+    [[nodiscard]] virtual Bool OpenSelect(const Text& sql) = 0;
 
     /// Runs a text that yields no rows.
-    virtual Bool ExecuteSql(const Text& sql) = 0;
+    [[nodiscard]] virtual Bool ExecuteSql(const Text& sql) = 0;
 
     /// The value of a column or an aggregate over a table, restricted by `where` (without that word) if it is not
     /// empty. Null where there is no row, where the value is Null and where the database refuses the lookup.

@@ -7,10 +7,29 @@
 
 namespace LumoSeminar {
 
+/// What the checks of an enrolment find, as numbers of clsErrorMsg::ErrID.
+namespace FindingNumber {
+/// The person is on this date already.
+inline constexpr Int32 kAlreadyEnrolled = 300000001;
+/// The person is busy on another date.
+inline constexpr Int32 kOverlap = 300000002;
+/// The person is on an open date of the seminar.
+inline constexpr Int32 kOpenDateOfSeminar = 300000003;
+/// The person has taken the seminar.
+inline constexpr Int32 kTakenBefore = 300000004;
+inline constexpr Int32 kPrerequisiteMissing = 300000005;
+}  // namespace FindingNumber
+
+enum class Language { kEnglish, kGerman };
+
+/// What a finding says, in one sentence without a full stop: the ParamName of the finding may follow. "Finding 7" for a
+/// number that is none of them.
+Text FindingText(Int32 id, Language language = Language::kEnglish);
+
 /// One finding of a check. A finding is no error: nothing is raised for it.
 class clsErrorMsg final : public Object {
   public:
-    /// Number of the finding, 300000001 to 300000005.
+    /// Number of the finding: one of FindingNumber, in words by FindingText.
     Int32 ErrID() { return error_id_; }
     void ErrID(Int32 value) { error_id_ = value; }
     DateTime ParamDate() { return date_; }

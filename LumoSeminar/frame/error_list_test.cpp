@@ -64,5 +64,32 @@ TEST(colErrorMsg, RaisesTheCollectionsErrorWithoutALabel) {
     EXPECT_RAISES(9, list.Remove(2));
 }
 
+TEST(FindingText, SaysInOneSentenceWhatWasFound) {
+    const struct {
+        Int32 id;
+        Int32 number;
+        const char* english;
+        const char* german;
+    } cases[] = {
+        {FindingNumber::kAlreadyEnrolled, 300000001, "The person is already enrolled in this date",
+         "Die Person ist für diesen Termin schon angemeldet"},
+        {FindingNumber::kOverlap, 300000002, "The person is booked on another date at the same time",
+         "Die Person ist zur selben Zeit in einem anderen Termin gebucht"},
+        {FindingNumber::kOpenDateOfSeminar, 300000003, "The person is enrolled in an open date of this seminar",
+         "Die Person ist in einem offenen Termin dieses Seminars angemeldet"},
+        {FindingNumber::kTakenBefore, 300000004, "The person has taken this seminar before",
+         "Die Person hat dieses Seminar schon besucht"},
+        {FindingNumber::kPrerequisiteMissing, 300000005, "A prerequisite of the seminar is missing",
+         "Eine Voraussetzung des Seminars fehlt"},
+        {7, 7, "Finding 7", "Befund 7"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(c.id, c.number);
+        EXPECT_EQ(FindingText(c.id), c.english);
+        EXPECT_EQ(FindingText(c.id, Language::kEnglish), c.english);
+        EXPECT_EQ(FindingText(c.id, Language::kGerman), c.german);
+    }
+}
+
 }  // namespace
 }  // namespace LumoSeminar

@@ -56,7 +56,8 @@ struct ErrorDescription {
 /// Takes a description as the library raises it apart into text and labels.
 ErrorDescription ReadDescription(std::string_view description);
 
-/// A name or key for a description: in double quotes, without control characters, cut after 60 characters.
+/// A name or key for a description: in double quotes, each control character as a question mark, cut after 60 bytes of
+/// UTF-8 or before the character that stands across them.
 std::string OneLine(std::string_view name);
 
 [[noreturn]] void Raise(std::int32_t number, std::string description);

@@ -73,6 +73,9 @@ class MadeBy {
 /// Creates an object and the first reference to it.
 template <class T, class... Args>
 Ref<T> New(Args&&... args) {
+    static_assert(std::is_constructible_v<T, Args...>,
+                  "New cannot make this class from these arguments. Where its constructor asks for a MadeBy, only the "
+                  "list named in it can: ask that list for an entry (Add, AddEmptyObject, NewTerminTag).");
     return std::make_shared<T>(std::forward<Args>(args)...);
 }
 

@@ -6,7 +6,7 @@
 namespace LumoSeminar {
 
 /// Whether the session's connection is open; one that is closed is opened again first.
-Bool ConnectionIsOpen(const Ref<DataSession>& session);
+[[nodiscard]] Bool ConnectionIsOpen(const Ref<DataSession>& session);
 
 /// Runs a statement without rows and returns true. A refused one raises 9999 with the LastErrorText.
 Bool ExecuteOrRaise(const Ref<DataSession>& session, const Text& sql);

@@ -5,8 +5,8 @@
 #include <LumoSeminar/frame/session_calls.h>
 #include <LumoSeminar/frame/statement.h>
 #include <LumoSeminar/frame/text_form.h>
-#include <LumoSeminar/waitlist/approval.h>
 #include <LumoSeminar/waitlist/clsSemWarteliste.h>
+#include <LumoSeminar/waitlist/process_objects.h>
 
 namespace LumoSeminar {
 namespace {
@@ -101,16 +101,17 @@ Text clsANWBBedarf::InsertText() {
 
 Bool clsANWBBedarf::DeleteFromDatabase() try {
     ExecuteOrRaise(session_, kDelete(row_.WBID));
-    const Int32 client = MDNR();
-    common::GetInfoDispatcher(ProcessModule::kTrainingNeed, row_.WBID, client, ANNr())->Loeschen();
+    Dispatcher()->Loeschen();
     return true;
 } catch (...) {
     RaiseInLine(" in LumoSeminar.DeleteFromDatabase");
 }
 
 Ref<InfoDispatcher> clsANWBBedarf::Dispatcher() {
+    const Int32 key = WBID();
     const Int32 client = MDNR();
-    return common::GetInfoDispatcher(ProcessModule::kTrainingNeed, WBID(), client, ANNr());
+    const Int32 employee = ANNr();
+    return common::GetInfoDispatcher(ProcessModule::kTrainingNeed, key, client, employee);
 }
 
 Variant clsANWBBedarf::TeilnahmeZustimmen(Int32 p_lngSemTerminID, Int32 p_lngUserID) try {

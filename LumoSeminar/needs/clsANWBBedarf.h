@@ -28,7 +28,13 @@ struct BedarfRow {
 /// One training need of one employee: a focus area that is wanted, and its way through approval.
 ///
 /// The properties load, lets included: one statement at the first, none after it; a need without a row has empty values,
-/// keeps what is let and is not looked for again. A refused load raises 9999. What a process object raises passes as it is.
+/// keeps what is let and is not looked for again. A refused load raises 9999.
+///
+/// What a process object raises keeps its number and its source. WriteToDatabase, DeleteFromDatabase and TeilnahmeZustimmen
+/// add their label to its text; through BedarfAblehnen, BenutzerHatGenehmigungsrechte and StatusText it passes as it is.
+///
+/// Bemerkungen goes into the statements as it stands, and a single quote breaks them (9999): let a text that comes from
+/// people as Quoted(text), also one that was read and is written back.
 class clsANWBBedarf final : public Object {
   public:
     ~clsANWBBedarf() override;
@@ -57,7 +63,7 @@ class clsANWBBedarf final : public Object {
     /// Day on which the need was settled; 0: it is not.
     DateTime Erfuellt();
     void Erfuellt(DateTime value);
-    /// Login of the writer.
+    /// Login of the writer. The insert sets it; what is let never gets into a statement.
     Text ErfUser();
     void ErfUser(Text value);
     /// 0 open, 1 fulfilled, 2 rejected.
@@ -94,7 +100,7 @@ class clsANWBBedarf final : public Object {
     void ConnectionString(Text value);
 
     /// Whether that user may decide in the process of the need. No step asks for it.
-    Bool BenutzerHatGenehmigungsrechte(Int32 p_lngUserID);
+    [[nodiscard]] Bool BenutzerHatGenehmigungsrechte(Int32 p_lngUserID);
 
     /// The state of the process in words.
     Text StatusText();

@@ -297,7 +297,7 @@ TEST_F(TrainingNeedProcessTest, EveryFailureOfRightsAndStateRaisesWithoutALabelO
             },
             [&](const Ref<DataSession>& session) {
                 Install(session, "");
-                if (rights) Bound(session)->BenutzerHatGenehmigungsrechte(kUserID);
+                if (rights) (void)Bound(session)->BenutzerHatGenehmigungsrechte(kUserID);
                 if (!rights) Bound(session)->StatusText();
             },
             {{1, kNotOk, 9999, {kLabelOfLoad}},
@@ -328,7 +328,7 @@ const Operation kOperations[] = {
     {"BedarfAblehnen", [](Script& s) { ScriptRejection(s, kUserID, 1); },
      [](clsANWBBedarf& need) { need.BedarfAblehnen(kUserID); }},
     {"BenutzerHatGenehmigungsrechte", [](Script& s) { s.Process("InfoDispatcher.BenutzerHatRechte 11"); },
-     [](clsANWBBedarf& need) { need.BenutzerHatGenehmigungsrechte(kUserID); }},
+     [](clsANWBBedarf& need) { (void)need.BenutzerHatGenehmigungsrechte(kUserID); }},
     {"StatusText", [](Script& s) { s.Process("InfoDispatcher.ProzessStatusText"); },
      [](clsANWBBedarf& need) { need.StatusText(); }},
     {"DeleteFromDatabase", [](Script& s) { s.Process("InfoDispatcher.Loeschen"); },
@@ -496,7 +496,7 @@ TEST_F(TrainingNeedProcessTest, OnlyTheLoadTheWritesAndTheConsentHaveLabels) {
         {"BedarfAblehnen", {kLabelOfLoad}, [](clsANWBBedarf& n) { n.BedarfAblehnen(kUserID); }},
         {"BenutzerHatGenehmigungsrechte",
          {kLabelOfLoad},
-         [](clsANWBBedarf& n) { n.BenutzerHatGenehmigungsrechte(kUserID); }},
+         [](clsANWBBedarf& n) { (void)n.BenutzerHatGenehmigungsrechte(kUserID); }},
         {"StatusText", {kLabelOfLoad}, [](clsANWBBedarf& n) { n.StatusText(); }},
     };
     for (const auto& c : cases) {

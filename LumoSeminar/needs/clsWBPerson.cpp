@@ -41,7 +41,7 @@ Bool clsWBPerson::Init(Int32 p_lngMDNr, Int32 p_lngPersonID, Byte p_bytModID, Re
                        const Text& p_strConn, const Text& p_strUserName, const Text& p_strPWD) try {
     if (!p_objData) {
         p_objData = MakeDataSession();
-        p_objData->Connect(p_strConn, p_strUserName, p_strPWD, kTimeout);
+        (void)p_objData->Connect(p_strConn, p_strUserName, p_strPWD, kTimeout);
     }
     MDNR_ = p_lngMDNr;
     PersonID_ = p_lngPersonID;
@@ -99,7 +99,7 @@ void clsWBPerson::LoadWeiterbildungenPerson() try {
         const Fields fields = rows->Fields();
         const auto key = common::FieldOr(fields.Item(0), Int32{0});
         const auto date = common::FieldOr(fields.Item(1), Int32{0});
-        participant->Init(key, session_, date);
+        (void)participant->Init(key, session_, date);
         participant->owner_ = weak_from_this();
         colWeiterbildungen_->Add(participant, participant->Key());
     }

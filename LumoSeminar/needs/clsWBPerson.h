@@ -84,13 +84,14 @@ class clsWBPerson final : public Object, public std::enable_shared_from_this<cls
 
     /// Checks an enrolment in a date and gives the findings.
     /// @see clsTeilnehmer::CheckTeilnehmerAnmeldung
-    Ref<colErrorMsg> TeilnahmePruefen(Int32 p_lngSemTerminID, Bool p_blnCheckAnmeldungSeminar = true,
-                                      Bool p_blnCheckTeilnahme = true, Bool p_blnCheckVoraussetzung = true);
+    [[nodiscard]] Ref<colErrorMsg> TeilnahmePruefen(Int32 p_lngSemTerminID, Bool p_blnCheckAnmeldungSeminar = true,
+                                                    Bool p_blnCheckTeilnahme = true, Bool p_blnCheckVoraussetzung = true);
 
     /// Records the approval of that user. Once nothing is pending in the process (state 0), the person becomes a
-    /// participant of the date, with costs; the entry stays. True where the approval was recorded and more is pending, and
-    /// where the participant was written. False where there is no entry, and where the person is a participant already.
-    Bool TeilnahmeGenehmigen(Int32 p_lngSemTerminID, Int32 p_lngUserID, Bool p_blnIsUsedBySylvar = true);
+    /// participant of the date, with costs; the entry stays. True where the approval was recorded and more is pending,
+    /// and where the participant was written. False where there is no entry, where the person is a participant already,
+    /// and where the write of the participant was refused; in the last two the approval is recorded all the same.
+    [[nodiscard]] Bool TeilnahmeGenehmigen(Int32 p_lngSemTerminID, Int32 p_lngUserID, Bool p_blnIsUsedBySylvar = true);
 
     /// Connection text of the process objects, one for all objects of the thread.
     Text ConnectionString();

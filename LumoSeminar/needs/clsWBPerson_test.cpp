@@ -214,7 +214,7 @@ TEST_F(clsWBPersonTest, InitWithoutASessionAndWithoutAMakerRaises429) {
         EXPECT_EQ(error->Source(), "LumoSeminar");
         EXPECT_EQ(error->Description(),
                   "in line: 0\r\nThe component DataSession cannot be created: this thread has no maker for it."
-                  " in LumoSeminar.Init");
+                  " Call LumoConnection::Install or SetComponents in it first. in LumoSeminar.Init");
         EXPECT_FALSE(session);
         EXPECT_EQ(person->PersonID(), 0);
     }

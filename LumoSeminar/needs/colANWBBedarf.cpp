@@ -4,7 +4,7 @@
 #include <LumoSeminar/frame/session_calls.h>
 #include <LumoSeminar/frame/statement.h>
 #include <LumoSeminar/needs/clsANWBBedarf.h>
-#include <LumoSeminar/waitlist/approval.h>
+#include <LumoSeminar/waitlist/process_objects.h>
 
 namespace LumoSeminar {
 namespace {

@@ -358,7 +358,7 @@ TEST_F(ApprovalOfAPersonForReal, TheSameNumberAtAnotherClientIsSomebodyElseAndAF
     const auto person = Person(kNumber);
     const Int32 lines = Count("Sem_Teilnehmer_Kosten_IT");
     person->TeilnahmeZustimmen(kFreeDate, kNumber);
-    person->TeilnahmeGenehmigen(kFreeDate, kSuperior);
+    (void)person->TeilnahmeGenehmigen(kFreeDate, kSuperior);
     EXPECT_EQ(person->TeilnahmeGenehmigen(kFreeDate, kDepartment), true);
     EXPECT_EQ(ParticipantsOf(kFreeDate, kNumber), 1);
     EXPECT_EQ(Count("Sem_Teilnehmer_Kosten_IT"), lines);
@@ -394,7 +394,7 @@ TEST_F(ApprovalOfAPersonForReal, AMissingCostTypeIsMadeWithTheNextKey) {
     Write(*session_, "DELETE FROM sysIData_KostenArten WHERE KostenArten = 'Teilnehmerkosten'");
     const auto person = Person();
     person->TeilnahmeZustimmen(kDate, kEmployee);
-    person->TeilnahmeGenehmigen(kDate, kSuperior);
+    (void)person->TeilnahmeGenehmigen(kDate, kSuperior);
     EXPECT_EQ(person->TeilnahmeGenehmigen(kDate, kDepartment), true);
     EXPECT_EQ(Value(*session_, "SELECT KostenArten_ID FROM sysIData_KostenArten WHERE KostenArten = 'Teilnehmerkosten'"),
               Variant(6));
@@ -406,7 +406,7 @@ TEST_F(ApprovalOfAPersonForReal, WhereTheCostTypesAreUsedUpTheApprovalRaisesAndT
     Write(*session_, "DELETE FROM sysIData_KostenArten WHERE KostenArten = 'Teilnehmerkosten'");
     const auto person = Person();
     person->TeilnahmeZustimmen(kDate, kEmployee);
-    person->TeilnahmeGenehmigen(kDate, kSuperior);
+    (void)person->TeilnahmeGenehmigen(kDate, kSuperior);
     EXPECT_RAISES_UNDER(94, need_statements::Labels{" in LumoSeminar.TeilnahmeGenehmigen"},
                         person->TeilnahmeGenehmigen(kDate, kDepartment));
     EXPECT_EQ(ParticipantsOf(kDate, kEmployee), 0);

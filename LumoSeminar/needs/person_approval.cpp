@@ -8,9 +8,9 @@
 #include <LumoSeminar/needs/clsWBPerson.h>
 #include <LumoSeminar/needs/colANWBBedarf.h>
 #include <LumoSeminar/scheduling/clsTermin.h>
-#include <LumoSeminar/waitlist/approval.h>
 #include <LumoSeminar/waitlist/clsSemWarteliste.h>
 #include <LumoSeminar/waitlist/colSemWarteliste.h>
+#include <LumoSeminar/waitlist/process_objects.h>
 
 namespace LumoSeminar {
 namespace {
@@ -98,7 +98,8 @@ Bool clsWBPerson::TeilnahmeGenehmigen(Int32 p_lngSemTerminID, Int32 p_lngUserID,
     for (const auto& participant : date->clscolTeilnehmer()->NewEnum()) {
         // Both are compared in any case: a number that is none raises here.
         const bool same_client = participant->MDNR() == MDNR_;
-        const bool same_number = participant->ANNr() == To<Double>(Variant(PersNr_));
+        const Int32 number = participant->ANNr();
+        const bool same_number = number == To<Double>(Variant(PersNr_));
         if (!same_client || !same_number) continue;
         participant->DoSendInfos(DoSendInfos_);
         return false;

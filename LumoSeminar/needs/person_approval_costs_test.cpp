@@ -283,7 +283,7 @@ TEST_F(PersonApprovalCostsTest, EveryFailureIsSilentOrRaisesUnderItsLabels) {
         write_script,
         [](const Ref<DataSession>& session) {
             Install(session);
-            PersonOf(session, kEmployee)->TeilnahmeGenehmigen(kDate, kUserID);
+            (void)PersonOf(session, kEmployee)->TeilnahmeGenehmigen(kDate, kUserID);
         },
         expected);
 }

@@ -417,7 +417,7 @@ TEST_F(PersonCheckTest, EveryFailureRaisesWithTheLabelsFromBelowAndNoneOfItsOwn)
         write_script,
         [](const Ref<DataSession>& session) {
             Install(session);
-            PersonOf(session, kEmployee)->TeilnahmePruefen(kDate, false, false, false);
+            (void)PersonOf(session, kEmployee)->TeilnahmePruefen(kDate, false, false, false);
         },
         expected);
 }

@@ -327,10 +327,10 @@ TEST_F(PersonListsTest, ConsentAndApprovalAloneAddALabelOfTheirOwnAndThatOfTheCo
          [](clsWBPerson& p) { p.TeilnahmeZustimmen(17, kUserID); }},
         {"TeilnahmePruefen",
          {" LumoSeminar062.clsTermin.PropertiesInit", " LumoSeminar062.clsSeminar.Teilnehmer"},
-         [](clsWBPerson& p) { p.TeilnahmePruefen(17); }},
+         [](clsWBPerson& p) { (void)p.TeilnahmePruefen(17); }},
         {"TeilnahmeGenehmigen",
          {list, " in LumoSeminar.TeilnahmeGenehmigen"},
-         [](clsWBPerson& p) { p.TeilnahmeGenehmigen(17, kUserID); }},
+         [](clsWBPerson& p) { (void)p.TeilnahmeGenehmigen(17, kUserID); }},
     };
     for (const auto& c : cases) {
         clsWBPerson person;

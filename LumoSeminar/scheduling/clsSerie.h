@@ -75,21 +75,29 @@ class clsSerie final : public PersistentObject<SerieRow> {
     /// In the weekly rhythm: every how many weeks.
     Int32 Woche();
     void Woche(Int32 value);
-    /// In the weekly rhythm: -1 where there are sessions on that weekday. Any other value counts as none.
+    /// In the weekly rhythm: -1 where there are sessions on that weekday. Any other number counts as none; true is let
+    /// as -1.
     Int16 Montag();
     void Montag(Int16 value);
+    void Montag(TruthValue auto value) { Montag(Bool(value).Number()); }
     Int16 Dienstag();
     void Dienstag(Int16 value);
+    void Dienstag(TruthValue auto value) { Dienstag(Bool(value).Number()); }
     Int16 Mittwoch();
     void Mittwoch(Int16 value);
+    void Mittwoch(TruthValue auto value) { Mittwoch(Bool(value).Number()); }
     Int16 Donnerstag();
     void Donnerstag(Int16 value);
+    void Donnerstag(TruthValue auto value) { Donnerstag(Bool(value).Number()); }
     Int16 Freitag();
     void Freitag(Int16 value);
+    void Freitag(TruthValue auto value) { Freitag(Bool(value).Number()); }
     Int16 Samstag();
     void Samstag(Int16 value);
+    void Samstag(TruthValue auto value) { Samstag(Bool(value).Number()); }
     Int16 Sonntag();
     void Sonntag(Int16 value);
+    void Sonntag(TruthValue auto value) { Sonntag(Bool(value).Number()); }
 
   private:
     Bool DeleteFromDatabase();

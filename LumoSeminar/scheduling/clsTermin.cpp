@@ -190,7 +190,8 @@ Bool clsTermin::DeleteFromDatabase() try {
     if (!clscolTeilnehmer()->RemoveALL()) return false;
     if (!clscolSemTerminSchwerpunkte()->RemoveAll()) return false;
     if (!session_->ExecuteSql(kDelete(row_))) return false;
-    objSerie()->DeleteOldSerie(SerienID());
+    const auto series = objSerie();
+    series->DeleteOldSerie(SerienID());
     return true;
 } catch (...) {
     RaiseLabelled(" LumoSeminar062.clsTermin.DeleteFromDatabase");
@@ -217,14 +218,14 @@ Int16 clsTermin::AnzAnmeldungen() try {
 // Both lists carry a label of the seminar.
 Ref<colTeilnehmer> clsTermin::clscolTeilnehmer() try {
     if (!PropertiesInit()) return {};
-    return MadeOnce(clscolTeilnehmer_, [&](auto& made) { made.Init(row_.SemTerminID, session_); });
+    return MadeOnce(clscolTeilnehmer_, [&](auto& made) { (void)made.Init(row_.SemTerminID, session_); });
 } catch (...) {
     RaiseLabelled(" LumoSeminar062.clsSeminar.Teilnehmer");
 }
 
 Ref<colSemTerminSchwerpunkte> clsTermin::clscolSemTerminSchwerpunkte() try {
     if (!PropertiesInit()) return {};
-    return MadeOnce(clscolSemTerminSchwerpunkte_, [&](auto& made) { made.Init(row_.SemTerminID, session_); });
+    return MadeOnce(clscolSemTerminSchwerpunkte_, [&](auto& made) { (void)made.Init(row_.SemTerminID, session_); });
 } catch (...) {
     RaiseLabelled(" LumoSeminar062.clsSeminar.Teilnehmer");
 }

@@ -59,6 +59,9 @@ struct TerminRow {
 ///
 /// The lets of BeginnDatum and EndeDatum write the days of the date at once, each day in a statement of its own; all
 /// other fields wait for WriteToDatabase.
+///
+/// Code, Titel and Bemerkung go into the statements as they stand, and a single quote breaks them (9999): let texts
+/// that come from people as Quoted(text), also those that were read and are written back.
 class clsTermin final : public PersistentObject<TerminRow> {
   public:
     ~clsTermin() override;
@@ -104,15 +107,18 @@ class clsTermin final : public PersistentObject<TerminRow> {
     Text Titel(Bool p_blnLoadfromDatabase = true);
     void Titel(Text value, Bool p_blnLoadfromDatabase = true);
     /// Key of the seminar. On a date with key 0 the let of a seminar copies its client, title, goal and content, clerk,
-    /// limits, hours, sessions, series and costs (one statement more); its days stay as they are.
+    /// limits, hours, sessions, series and costs (one statement more); its days stay as they are. A seminar without a
+    /// row, or one whose load is refused, is looked for at each of these eleven: eleven statements, and all of them are
+    /// 0 or empty afterwards, Stunden and Sitzungen as well.
     Int32 SemID();
     void SemID(Int32 value);
     /// Key of the goal and content text.
     Int32 InhaltZielID();
     void InhaltZielID(Int32 value);
-    /// -1 where employees may put themselves down.
+    /// -1 where employees may put themselves down. True is let as -1.
     Int16 SelfService();
     void SelfService(Int16 value);
+    void SelfService(TruthValue auto value) { SelfService(Bool(value).Number()); }
     /// Key of the clerk in charge.
     Int32 Sachbearbeiter();
     void Sachbearbeiter(Int32 value);
@@ -120,8 +126,8 @@ class clsTermin final : public PersistentObject<TerminRow> {
     /// First day. A let of another day than before deletes all days of the date and generates them anew: by the series,
     /// or one a day, as many as Sitzungen; EndeDatum becomes the last of them. Times that are 0 are set: 09:00, and the
     /// hours spread evenly; a date with a series takes the times of the series over afterwards.
-    /// Raises 9999 where a day is refused (the days before it are written), and overflow (6) where the rule finds no
-    /// day before the end of the calendar.
+    /// Raises 9999 where a day is refused (the days before it are written), and overflow (6) where the series finds no
+    /// day, or none before the end of the calendar, so also for a SerienID without a row: the text names it.
     DateTime BeginnDatum();
     void BeginnDatum(DateTime value);
     /// Last day. A let of a later day adds days by the series, a let of an earlier one deletes the days behind it;
@@ -186,13 +192,13 @@ class clsTermin final : public PersistentObject<TerminRow> {
     /// Writes the row. A date with a key is updated, then all its days take the times of the date (two statements, and
     /// one for each day). A date with key 0 is inserted and takes the largest key afterwards, both in one statement;
     /// days made before keep the key 0. False where the load is refused. Raises 9999 where the statement is refused.
-    Bool WriteToDatabase();
+    [[nodiscard]] Bool WriteToDatabase();
 
     /// Deletes the participants and focus areas, as far as they can be deleted, then the row, and the row of its series
     /// where nothing uses it any more. Days, cost lines and the wait-list stay. Three or four statements, the load,
     /// both lists, and two for each of their entries, which is read and deleted. False, and nothing more is done, where
     /// the load or the DELETE of the date is refused. Raises 9999 where that of the series is.
-    Bool DeleteFromDatabase();
+    [[nodiscard]] Bool DeleteFromDatabase();
 
     /// MaxTeil less AnzAnmeldungen: negative on an overbooked date. 0 where the load is refused. Raises overflow (6).
     Int16 AnzFreiePlaetze();

@@ -186,7 +186,7 @@ TEST(clsTermin, ADeleteWithAParticipantAndAFocusAreaFailsAsDocumentedAtEachStep)
     const Labels series = Then({"LumoSeminar.clsSerie.DeleteFromDatabase", "LUmoSeminar.clsSerie.RemoveSerie"}, uses);
     const Labels remove_participant = {kParticipant + "DeleteFromDatabase", kRemoveParticipants, kLabelOfDelete};
     const Labels remove_focus_area = {kFocusArea + "DeleteFromDatabase", kRemoveFocusAreas, kLabelOfDelete};
-    ExpectFailures(write_script, [](const Ref<DataSession>& session) { Bound(session, 17)->DeleteFromDatabase(); },
+    ExpectFailures(write_script, [](const Ref<DataSession>& session) { (void)Bound(session, 17)->DeleteFromDatabase(); },
                    {{1, kNotOk},
                     {2, kNotOk, 0, {}, Then({kOpen}, From(kFocusAreaList))},
                     {3, kNotOk, 0, {}, From(kFocusAreaList)},

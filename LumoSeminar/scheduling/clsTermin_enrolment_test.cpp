@@ -147,7 +147,7 @@ TEST(clsTermin, ListsFiguresAndDeleteOfAnUnboundDateRaise91WithTheirLabels) {
         {kLabelOfLists, [](clsTermin& date) { date.clscolSemTerminSchwerpunkte(); }},
         {kLabelOfCount, [](clsTermin& date) { date.AnzAnmeldungen(); }},
         {kLabelOfPlaces, [](clsTermin& date) { date.AnzFreiePlaetze(); }},
-        {kLabelOfDelete, [](clsTermin& date) { date.DeleteFromDatabase(); }},
+        {kLabelOfDelete, [](clsTermin& date) { (void)date.DeleteFromDatabase(); }},
     };
     for (const auto& [label, call] : members) {
         SCOPED_TRACE(label);

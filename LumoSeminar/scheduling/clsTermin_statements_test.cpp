@@ -265,7 +265,7 @@ TEST(clsTermin, AnUpdateFailsAsDocumentedAtEachStep) {
             script.ExecuteSql(UpdateDay(17, "03.03.2010", "08:30", "16:45"));
             script.ExecuteSql(UpdateDay(17, "05.03.2010", "08:30", "16:45"));
         },
-        [](const Ref<DataSession>& session) { Bound(session, 17)->WriteToDatabase(); },
+        [](const Ref<DataSession>& session) { (void)Bound(session, 17)->WriteToDatabase(); },
         {{1, kNotOk},
          {2, kNotOk, 9999, {write}},
          {3, kNotOk, 9999, Join(kLabelsOfDayList, {days, write})},
@@ -420,7 +420,7 @@ TEST(clsTermin, ARefusedInsertRaises9999AndLeavesTheKeyAtZero) {
 TEST(clsTermin, AnInsertFailsAsDocumentedAtEachStep) {
     const std::string write = kLabel + "WriteToDatabase";
     ExpectFailures([](Script& script) { ScriptInsert(script, kNewValues, 82); },
-                   [](const Ref<DataSession>& session) { Bound(session, 0)->WriteToDatabase(); },
+                   [](const Ref<DataSession>& session) { (void)Bound(session, 0)->WriteToDatabase(); },
                    {{1, kNotOk},
                     {2, kNotOk, 9999, {write}},
                     {1, kRaises, 7001, {kLabel + "PropertiesInit", write}},
@@ -526,7 +526,7 @@ TEST(clsTermin, ADeleteFailsAsDocumentedAtEachStep) {
             ScriptDelete(script, 7, 0, 0);
             script.ExecuteSql(serie_statements::Delete(7));
         },
-        [](const Ref<DataSession>& session) { Bound(session, 17)->DeleteFromDatabase(); },
+        [](const Ref<DataSession>& session) { (void)Bound(session, 17)->DeleteFromDatabase(); },
         {{1, kNotOk},
          {2, kNotOk, 0, {}, Then({open}, focus_areas_and_deletes)},
          {3, kNotOk, 0, {}, focus_areas_and_deletes},

@@ -32,9 +32,10 @@ class colTermine final : public Object {
 
     /// Deletes a date as its DeleteFromDatabase does and takes the entry out of the list. False, and the entry stays,
     /// where the date says that it was not deleted. Raises 91 for a key that is not there.
-    Bool Remove(const Variant& p_vntIndexKey);
+    [[nodiscard]] Bool Remove(const Variant& p_vntIndexKey);
 
-    /// What the dates of the list are grouped by in a tree, the latest group first. One statement, or an empty
+    /// What the dates of the list are grouped by in a tree: the latest year or month first, the budget periods by their
+    /// text, the last one first, so that "9/2009 - 8/2010" stands before "10/2010 - 9/2011". One statement, or an empty
     /// reference where it is refused.
     /// @param p_lngGruppierungsart  1: the years in which they end (Jahr). 2: the months (JahrMonat, the first of the
     ///     month). 3: the budget periods (JahrMonat as a text, von, bis), without the dates that have no end or end on
@@ -46,12 +47,13 @@ class colTermine final : public Object {
     /// Lists the dates of a client, and those common to all clients, anew. One statement. False where the connection is
     /// not open (the list stays as it was) or the statement is refused.
     /// @param p_lngSemID  the seminar; -1: all
-    /// @param p_strFilterString  a further condition: " AND ...", the blank included
+    /// @param p_strFilterString  a further condition: " AND ...", the blank included; a text that comes from people
+    ///     stands in it as Quoted(text)
     /// @param p_blnFromTeilnehmer  whether the participants are joined, for a filter on their columns. The columns of the
     ///     statement are not qualified: a database where both tables have them refuses it. A filter that finds two
     ///     participants of one date raises 457.
-    Bool Init(Int32 p_lngSemID, Int32 p_lngMDNr, const Ref<DataSession>& p_objData, const Text& p_strFilterString = {},
-              Bool p_blnFromTeilnehmer = false);
+    [[nodiscard]] Bool Init(Int32 p_lngSemID, Int32 p_lngMDNr, const Ref<DataSession>& p_objData,
+                            const Text& p_strFilterString = {}, Bool p_blnFromTeilnehmer = false);
 
   private:
     Bool LoadKeysFromDatabase();

@@ -32,7 +32,7 @@ void ScriptList(Script& script) {
 /// All dates of client 5.
 Ref<colTermine> Listed(const Ref<DataSession>& session) {
     auto list = New<colTermine>();
-    list->Init(-1, 5, session);
+    (void)list->Init(-1, 5, session);
     return list;
 }
 
@@ -87,7 +87,7 @@ TEST(colTermineGruppen, YearsMonthsAndBudgetPeriodsHaveAStatementEach) {
         for (std::size_t i = 0; i < c.columns.size(); ++i) {
             EXPECT_EQ(rows->Fields().Item(c.columns[i]).Value(), c.row[i]);
         }
-        list->Init(3, 6, script.Session(), " AND Titel = 'Löten'");
+        (void)list->Init(3, 6, script.Session(), " AND Titel = 'Löten'");
         const auto none = list->Gruppen(c.kind);
         ASSERT_TRUE(none);
         EXPECT_EQ(none->Eof(), true);

@@ -49,7 +49,7 @@ void ScriptList(Script& script, const Rows& rows) {
 /// All dates of client 5.
 Ref<colTermine> Listed(const Ref<DataSession>& session) {
     auto list = New<colTermine>();
-    list->Init(-1, 5, session);
+    (void)list->Init(-1, 5, session);
     return list;
 }
 

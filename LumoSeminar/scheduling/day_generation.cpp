@@ -1,6 +1,7 @@
 // How the begin, the end, the sessions and the series of a date become its days. Every day made or deleted is a
 // statement at once.
 
+#include <LumoSeminar/frame/text_form.h>
 #include <LumoSeminar/scheduling/clsSerie.h>
 #include <LumoSeminar/scheduling/clsTermin.h>
 #include <LumoSeminar/scheduling/clsTerminTag.h>
@@ -42,11 +43,27 @@ bool IsFlagged(const Ref<clsSerie>& series, DateTime day) {
     }
 }
 
-DateTime AddWeeks(DateTime day, Int32 weeks) { return day.AddDays(To<Int32>(std::int64_t{weeks} * 7)); }
+[[noreturn]] void RaiseNoDay(const Ref<clsSerie>& series) {
+    Raise(ErrorNumber::kOverflow,
+          "Overflow: the series with the SerienID " + DefaultText(series->SerienID()) +
+              " leads to no further day. It has no row, no weekday that is set to -1, or too large a step of weeks.");
+}
+
+// A step by the rule of a series. The calendar ends where the rule has found no day before.
+DateTime Moved(const Ref<clsSerie>& series, DateTime day, std::int64_t days) try {
+    return day.AddDays(To<Int32>(days));
+} catch (const Error&) {
+    RaiseNoDay(series);
+}
+
+DateTime MovedByItsWeeks(const Ref<clsSerie>& series, DateTime day) {
+    const std::int64_t weeks = series->Woche();
+    return Moved(series, day, weeks * 7);
+}
 
 // A turn that has neither made a day nor moved on would be followed by its like for ever.
-void RaiseIfStuck(bool made_a_day, DateTime before, DateTime after) {
-    if (!made_a_day && before == after) RaiseOverflow();
+void RaiseIfStuck(const Ref<clsSerie>& series, bool made_a_day, DateTime before, DateTime after) {
+    if (!made_a_day && before == after) RaiseNoDay(series);
 }
 
 DateTime NineOClock() { return DateTime::TimeOfDay(9, 0); }
@@ -57,7 +74,9 @@ Bool clsTermin::ErzeugeTerminTage() try {
     if (NewDelOnlyTag_ || !row_.BeginnDatum) return false;
     if (p_dtmOldBeginnDatum_ != row_.BeginnDatum) RebuildDays();
     if (p_dtmOldEndeDatum_ == row_.EndeDatum) return false;
-    if (EndeDatum() > p_dtmOldEndeDatum_) {
+    // The get may load, and a load moves the old end: it comes first.
+    const DateTime end = EndeDatum();
+    if (end > p_dtmOldEndeDatum_) {
         ExtendDays();
     } else {
         ShrinkDays();
@@ -95,12 +114,14 @@ void clsTermin::BuildDaysBySeries() {
     if (!row_.EndeUhrzeit && row_.SemID != 0) row_.EndeUhrzeit = objSerie()->EndeUhrzeit();
     if (!row_.EndeUhrzeit) row_.EndeUhrzeit = EndOfSession();
     DateTime last_day;
-    if (objSerie()->Tagefolge() == kDailyRhythm) {
-        colTerminTage()->AddTermineEvery(row_.BeginnDatum, objSerie()->Taeglich(), row_.BeginnUhrzeit, row_.EndeUhrzeit,
-                                         row_.Sitzungen, last_day);
+    const bool is_daily = objSerie()->Tagefolge() == kDailyRhythm;
+    const auto days = colTerminTage();
+    const auto series = objSerie();
+    if (is_daily) {
+        const Byte every_day = series->Taeglich();
+        days->AddTermineEvery(row_.BeginnDatum, every_day, row_.BeginnUhrzeit, row_.EndeUhrzeit, row_.Sitzungen, last_day);
     } else {
-        colTerminTage()->AddTermineWeekly(row_.BeginnDatum, row_.BeginnUhrzeit, row_.EndeUhrzeit, row_.Sitzungen,
-                                          objSerie(), last_day);
+        days->AddTermineWeekly(row_.BeginnDatum, row_.BeginnUhrzeit, row_.EndeUhrzeit, row_.Sitzungen, series, last_day);
     }
     row_.EndeDatum = last_day;
     // The days keep the times that they were made with.
@@ -123,17 +144,22 @@ void clsTermin::ExtendDays() {
     const DateTime to = last->EndUhr();
     if (row_.SerienID == 0) {
         colTerminTage_->AddTermineEndeEvery(start, kEveryDay, from, to, row_.EndeDatum);
-    } else if (objSerie()->Tagefolge() == kDailyRhythm) {
-        colTerminTage_->AddTermineEndeEvery(start, objSerie()->Taeglich(), from, to, row_.EndeDatum);
+        return;
+    }
+    const auto series = objSerie();
+    if (series->Tagefolge() == kDailyRhythm) {
+        const Byte every_day = series->Taeglich();
+        colTerminTage_->AddTermineEndeEvery(start, every_day, from, to, row_.EndeDatum);
     } else {
-        colTerminTage_->AddEndeTermineWeekly(start, from, to, objSerie(), row_.EndeDatum);
+        colTerminTage_->AddEndeTermineWeekly(start, from, to, series, row_.EndeDatum);
     }
 }
 
 // The days go from the table; the list that was walked keeps them.
 void clsTermin::ShrinkDays() {
     for (const auto& day : colTerminTage()->NewEnum()) {
-        if (day->Termin() > EndeDatum()) day->RemoveTerminTag();
+        const DateTime end = EndeDatum();
+        if (day->Termin() > end) day->RemoveTerminTag();
     }
 }
 
@@ -191,15 +217,15 @@ void colTerminTage::AddTermineWeekly(DateTime p_dtmStart, DateTime p_dtmBegUhr, 
     for (Int32 session = 1; session <= p_lngSitzungen;) {
         const DateTime anchor = day;
         bool made_a_day = false;
-        for (int i = 0; i < 7; ++i, day = day.AddDays(1)) {
+        for (int i = 0; i < 7; ++i, day = Moved(p_objSerie, day, 1)) {
             if (!IsFlagged(p_objSerie, day) || session > p_lngSitzungen) continue;
             NewTerminTag(day, p_dtmBegUhr, p_dtmEndUhr);
             p_dtmLetzterTag = day;
             session = LumoSeminar::Add(session, 1);
             made_a_day = true;
         }
-        day = AddWeeks(anchor, p_objSerie->Woche());
-        RaiseIfStuck(made_a_day, anchor, day);
+        day = MovedByItsWeeks(p_objSerie, anchor);
+        RaiseIfStuck(p_objSerie, made_a_day, anchor, day);
     }
 } catch (...) {
     RaiseLabelled("LumoSeminar.colTerminTage.AddTermineWeekly");
@@ -217,11 +243,11 @@ void colTerminTage::AddEndeTermineWeekly(DateTime p_dtmStart, DateTime p_dtmBegU
             if (!IsFlagged(p_objSerie, day) || day > p_dtmEnde) continue;
             NewTerminTag(day, p_dtmBegUhr, p_dtmEndUhr);
             if (day == p_dtmEnde) end_made = true;
-            day = day.AddDays(1);
+            day = Moved(p_objSerie, day, 1);
             made_a_day = true;
         }
-        day = AddWeeks(anchor, p_objSerie->Woche());
-        RaiseIfStuck(made_a_day, anchor, day);
+        day = MovedByItsWeeks(p_objSerie, anchor);
+        RaiseIfStuck(p_objSerie, made_a_day, anchor, day);
     }
     if (day != p_dtmEnde && !end_made) NewTerminTag(p_dtmEnde, p_dtmBegUhr, p_dtmEndUhr);
 } catch (...) {

@@ -64,7 +64,7 @@ class DayGenerationCost : public test_support::DayGenerationFixture {
 
     /// The date, read, with so many days from the first of March on.
     Ref<clsTermin> WithDays(int count, const std::optional<SeriesRule>& series = {}) {
-        NewDate(series, count == 0 ? -1 : count)->WriteToDatabase();
+        (void)NewDate(series, count == 0 ? -1 : count)->WriteToDatabase();
         auto date = Counted();
         if (count > 0) date->BeginnDatum(March(1));
         EXPECT_EQ(static_cast<int>(RowsOf().size()), count);
@@ -107,7 +107,7 @@ TEST_F(DayGenerationCost, OfARebuildByASeriesIsOneListMoreAndAtFirstTheSeries) {
 
 TEST_F(DayGenerationCost, OfTheFirstChangeIsTheLoadMore) {
     const auto date = WithDays(0);
-    NewDate({}, 2)->WriteToDatabase();
+    (void)NewDate({}, 2)->WriteToDatabase();
     EXPECT_EQ(CostOf([&] { date->BeginnDatum(March(3)); }), 1 + 1 + 2);
 }
 
@@ -161,7 +161,7 @@ TEST_F(DayGenerationCost, OfDatesThatStayIsNothing) {
 TEST_F(DayGenerationCost, OfASaveIsTwoAndOneForEachDay) {
     for (const int count : {1, 4}) {
         const auto date = WithDays(count);
-        EXPECT_EQ(CostOf([&] { date->WriteToDatabase(); }), 2 + count);
+        EXPECT_EQ(CostOf([&] { (void)date->WriteToDatabase(); }), 2 + count);
     }
 }
 

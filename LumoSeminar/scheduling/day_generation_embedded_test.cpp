@@ -513,5 +513,16 @@ TEST_F(DayGenerationForReal, SessionsBelowZeroMakeNoDayAndAnEndOfZero) {
     EXPECT_EQ(Dates(date), "11.03.2010 to none");
 }
 
+// The get of the end loads here, and the load brings another old end: only what was read afterwards counts.
+TEST_F(DayGenerationForReal, AnEndLetWithoutALoadIsComparedWithWhatTheLoadOfTheGenerationBrings) {
+    const auto date = ThreeDays();
+    ASSERT_TRUE(date->WriteToDatabase());
+    Sql("UPDATE Sem_Termin_IT SET EndeDatum = Convert(Datetime,'10.03.2010',104)");
+    date->Init(kKey, session_);
+    date->EndeDatum(March(7), false);
+    EXPECT_EQ(RowsOf(), TheThreeDays());
+    EXPECT_EQ(Dates(date), "03.03.2010 to 05.03.2010");
+}
+
 }  // namespace
 }  // namespace LumoSeminar

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -73,6 +74,35 @@ TEST_F(EndlessDayGeneration, ASeriesWithoutARowOverflowsAtOnce) {
     ExpectLabels(6, RaisedInRebuild("AddTermineWeekly"), [&] { date->BeginnDatum(March(3)); });
     EXPECT_EQ(RowsOf(), Days());
     EXPECT_EQ(Dates(date), "03.03.2010 to none");
+}
+
+TEST_F(EndlessDayGeneration, TheOverflowNamesTheSeriesThatFindsNoDay) {
+    const struct {
+        std::optional<SeriesRule> rule;
+        const char* series;
+        unsigned end;
+    } cases[] = {
+        {{}, "99", 0},                     // without a row
+        {Weekly(0, kNoWeekday), "4", 0},   // stuck
+        {Weekly(1, kNoWeekday), "4", 0},   // at the end of the calendar
+        {Weekly(-1, kNoWeekday), "4", 0},  // at its start
+        {Weekly(2000000000, kMondays), "4", 0},
+        {Weekly(0, kMondays), "4", 26},  // an extension
+    };
+    for (const auto& c : cases) {
+        const auto date = NewDate(c.rule, c.end == 0 ? 3 : 1);
+        if (!c.rule) date->SerienID(99);
+        if (c.end != 0) date->BeginnDatum(March(3));
+        const auto error = test_support::RaisedBy([&] {
+            c.end == 0 ? date->BeginnDatum(March(3)) : date->EndeDatum(March(c.end));
+            return 0;
+        });
+        ASSERT_TRUE(error);
+        EXPECT_EQ(error->Number(), 6);
+        EXPECT_EQ(ReadDescription(error->Description()).text,
+                  std::string("Overflow: the series with the SerienID ") + c.series +
+                      " leads to no further day. It has no row, no weekday that is set to -1, or too large a step of weeks.");
+    }
 }
 
 TEST_F(EndlessDayGeneration, AStepOfNoWeeksWithAFlagIsRefusedAtTheFirstDayThatComesAgain) {

@@ -252,7 +252,7 @@ class Case {
 
     void Save() {
         Compare(
-            "WriteToDatabase", [&] { date_->WriteToDatabase(); }, [&] { model_->Save(); });
+            "WriteToDatabase", [&] { (void)date_->WriteToDatabase(); }, [&] { model_->Save(); });
         if (Chance(50)) return;
         Compare(
             "read anew", [&] { Bind(); }, [&] { model_->ReadAnew(); });

@@ -560,7 +560,7 @@ TEST(DayGeneration, ASaveFailsAsDocumentedAtEachStep) {
             script.ExecuteSql(UpdateDay(kKey, "03.03.2010", "08:30", "16:45"));
             script.ExecuteSql(UpdateDay(kKey, "05.03.2010", "08:30", "16:45"));
         },
-        [](const Ref<DataSession>& session) { Bound(session)->WriteToDatabase(); },
+        [](const Ref<DataSession>& session) { (void)Bound(session)->WriteToDatabase(); },
         {{1, kNotOk},
          {2, kNotOk, 9999, {kWrite}},
          {3, kNotOk, 9999, kLists},

@@ -9,7 +9,7 @@
 #include <LumoSeminar/frame/statement.h>
 #include <LumoSeminar/frame/text_form.h>
 #include <LumoSeminar/scheduling/clsTermin.h>
-#include <LumoSeminar/waitlist/approval.h>
+#include <LumoSeminar/waitlist/process_objects.h>
 
 namespace LumoSeminar {
 namespace {
@@ -178,7 +178,7 @@ Bool clsSemWarteliste::TeilnahmeGenehmigen(Int32 p_lngUserID) try {
 
 Variant clsSemWarteliste::ZustimmungVerwerfen(Int32 p_lngUserID) {
     row_.Status = kWithdrawn;
-    WriteToDatabase(p_lngUserID);
+    (void)WriteToDatabase(p_lngUserID);
     return {};
 }
 

@@ -78,7 +78,7 @@ class clsSemWarteliste final : public Object {
     /// Moment of the last write.
     DateTime GeaendertAm();
     void GeaendertAm(DateTime value);
-    /// Login of the last writer.
+    /// Login of the last writer. WriteToDatabase sets it; what is let never gets into a statement.
     Text GeaendertVon();
     void GeaendertVon(const Text& value);
     /// Whether the entry stays once it was approved by TeilnahmeGenehmigen; true at first. No load.
@@ -92,19 +92,19 @@ class clsSemWarteliste final : public Object {
     /// and the last change. One with key 0 is inserted with the next free key, Status 1 and the present moment, then bound
     /// to its date, or else to its seminar. False, and nothing is written, for one with neither.
     /// One lookup and one statement; a new one two of each. Raises 9999 where a statement is refused.
-    Bool WriteToDatabase(Int32 p_lngUserID);
+    [[nodiscard]] Bool WriteToDatabase(Int32 p_lngUserID);
 
     /// Deletes the entry and its bindings. One statement. Raises 9999 where it is refused.
     Bool DeleteFromDatabase();
 
     /// Checks an enrolment in the date, without telling who the person is, and gives the findings.
     /// @see clsTeilnehmer::CheckTeilnehmerAnmeldung
-    Ref<colErrorMsg> TeilnahmePruefen(Bool p_blnCheckAnmeldungSeminar = true, Bool p_blnCheckTeilnahme = true,
-                                      Bool p_blnCheckVoraussetzung = true);
+    [[nodiscard]] Ref<colErrorMsg> TeilnahmePruefen(Bool p_blnCheckAnmeldungSeminar = true,
+                                                    Bool p_blnCheckTeilnahme = true, Bool p_blnCheckVoraussetzung = true);
 
     /// Makes the person a participant of the date, with costs, without a process. False, and nothing is written, where
     /// it is one already; false where the write is refused. With DoSendInfos false the entry is deleted afterwards.
-    Bool TeilnahmeGenehmigen(Int32 p_lngUserID);
+    [[nodiscard]] Bool TeilnahmeGenehmigen(Int32 p_lngUserID);
 
     /// Withdraws the consent: writes Status 0. No load: an entry that was not read loses its Wunschtermin. The result
     /// is Empty.

@@ -538,7 +538,7 @@ TEST_F(clsSemWartelisteApproval, AnApprovalFailsAsDocumentedAtEachStep) {
         [](const Ref<DataSession>& session) {
             const auto entry = Bound(session);
             entry->DoSendInfos(false);
-            entry->TeilnahmeGenehmigen(kUserID);
+            (void)entry->TeilnahmeGenehmigen(kUserID);
         },
         {{1, kNotOk, 9999, In({" in LumoSeminar.IsInitialized"})},
          {3, kNotOk, 91, kLabels},

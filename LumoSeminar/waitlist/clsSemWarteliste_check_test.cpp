@@ -241,7 +241,7 @@ TEST_F(clsSemWartelisteCheck, ACheckFailsWithTheLabelsOfTheDateAndTheParticipant
                    [](const Ref<DataSession>& session) {
                        colSemWarteliste entries;
                        entries.LoadListSeminartermin(session, 17);
-                       entries.Item(1)->TeilnahmePruefen(false, false, false);
+                       (void)entries.Item(1)->TeilnahmePruefen(false, false, false);
                    },
                    {{1, kNotOk, 9999, {waiting}},
                     {3, kNotOk, 91},

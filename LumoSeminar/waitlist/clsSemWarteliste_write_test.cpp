@@ -213,7 +213,7 @@ TEST_F(clsSemWartelisteWrite, AnUpdateFailsAsDocumentedAtEachStep) {
             ScriptLogin(script);
             script.ExecuteSql(Update(42, "Null", 0, kPresent, kLogin));
         },
-        [](const Ref<DataSession>& session) { Bound(session)->WriteToDatabase(kUserID); },
+        [](const Ref<DataSession>& session) { (void)Bound(session)->WriteToDatabase(kUserID); },
         // without a login the statement is another one
         {{1, kNotOk, 9999, kLabelsOfWrite, {"ExecuteSql: " + Update(42, "Null", 0, kPresent, "")}},
          {2, kNotOk, 9999, kLabelsOfWrite},
@@ -437,7 +437,7 @@ TEST_F(clsSemWartelisteWrite, AnInsertFailsAsDocumentedAtEachStep) {
                 script.ExecuteSql(statement);
             },
             [&, on = date, of = seminar](const Ref<DataSession>& session) {
-                NewEntry(session, on, of)->WriteToDatabase(kUserID);
+                (void)NewEntry(session, on, of)->WriteToDatabase(kUserID);
             },
             {{1, kNotOk, 9999, {" in LumoSeminar.IsInitialized"}},
              {3,

@@ -3,8 +3,8 @@
 #include <LumoSeminar/frame/common.h>
 #include <LumoSeminar/frame/session_calls.h>
 #include <LumoSeminar/frame/statement.h>
-#include <LumoSeminar/waitlist/approval.h>
 #include <LumoSeminar/waitlist/clsSemWarteliste.h>
+#include <LumoSeminar/waitlist/process_objects.h>
 
 namespace LumoSeminar {
 namespace {

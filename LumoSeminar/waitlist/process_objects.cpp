@@ -1,4 +1,4 @@
-#include <LumoSeminar/waitlist/approval.h>
+#include <LumoSeminar/waitlist/process_objects.h>
 
 #include <LumoSeminar/enrolment/clsTeilnehmer.h>
 #include <LumoSeminar/enrolment/colTeilnehmer.h>

@@ -8,7 +8,8 @@
 #include <LumoSeminar/frame/reference.h>
 #include <LumoSeminar/frame/types.h>
 
-/// What the steps of an approval share, on whichever class they are. Not for front ends.
+/// The process objects of a request, and what else the steps of its approval share, on whichever class they are. Not
+/// for front ends.
 namespace LumoSeminar {
 
 class clsSemWarteliste;
