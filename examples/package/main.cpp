@@ -20,8 +20,7 @@ int main() try {
     std::cout << "stored under " << seminar->SemID() << '\n';
 
     const auto catalogue = New<colSeminare>();
-    if (!catalogue->Init(1, session))
-        Raise(ErrorNumber::kStatementRefused, session->LastErrorText());  // one SELECT: those of client 1 and the common ones
+    catalogue->Init(1, session);  // one SELECT: those of client 1 and the common ones
     for (const auto& entry : catalogue->NewEnum()) {
         std::cout << entry->Key() << "  " << entry->SemTitel()  // one SELECT an entry
                   << ", " << DefaultText(entry->Stunden()) << " h\n";
