@@ -1,5 +1,6 @@
-
 #include "frontend/cli_test.h"
+
+#include <csignal>
 
 namespace frontend {
 namespace {
@@ -98,6 +99,14 @@ TEST_F(Cli, TextsThatAreNoUtf8DoNotStopJson) {
     const auto done = Run({"seminars", "list", "--format", "json"});
     EXPECT_EQ(done.code, 0) << done.err;
     EXPECT_TRUE(json::accept(done.out));
+}
+
+TEST_F(Cli, SqlReadsWhatIsTypedOnATerminal) {
+    UseSample();
+    const auto shown = Sit({"sql", "-"}, {.acts = {{"", "SELECT 41 + 1 AS n\n"}, {"AS n\r\n", "\x04"}}});
+    EXPECT_EQ(shown.code, 0) << shown.screen;
+    EXPECT_THAT(shown.screen, HasSubstr("42\r\n"));
+    EXPECT_EQ(Sit({"sql", "-"}, {.acts = {{"", "SELECT\n"}, {"SELECT\r\n", "\x03"}}}).code, 128 + SIGINT);
 }
 
 }  // namespace
