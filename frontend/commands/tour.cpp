@@ -1,12 +1,24 @@
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <cerrno>
+#include <memory>
+#include <optional>
+#include <span>
+#include <system_error>
+
+#include "frontend/command_line/parser.h"
 #include "frontend/commands/commands.h"
 #include "frontend/context.h"
 #include "frontend/creation.h"
 #include "frontend/exit_codes.h"
+#include "frontend/output/screen_text.h"
 #include "frontend/sessions.h"
 #include "frontend/tour/chapters.h"
+#include "frontend/tour/commands_to_try.h"
 #include "frontend/tour/ground.h"
+#include "frontend/tour/interruption.h"
+#include "frontend/tour/pause.h"
 
 namespace frontend {
 
@@ -16,28 +28,81 @@ namespace {
 
 constexpr const char* kFreshDatabase = "Provider=Embedded;Data Source=:memory:";
 
+// Makes what is missing of the tables, and fills in the sample where there were none.
+void MakeTables(const Ref<DataSession>& session, TourPage& page) {
+    const auto Run = [&](const Script& script) {
+        page.Call(
+            fmt::format("session->ExecuteSql(batch)   // for each batch of {}", script.path.filename().string()),
+            [&] { RunScript(session, script, [] {}); }, [&] { return fmt::format("{} batches, all done", page.Sent()); });
+    };
+    std::vector<Text> names;
+    std::size_t created = 0;
+    const auto schema = SchemaScripts();
+    for (const auto& script : schema) {
+        const auto of_script = CreatedTables(script);
+        names.insert(names.end(), of_script.begin(), of_script.end());
+        if (!ExistingTables(session, of_script).empty()) continue;
+        Run(script);
+        ++created;
+    }
+    if (created == schema.size()) {
+        for (const auto& script : SampleScripts()) Run(script);
+    }
+    const auto tables = ExistingTables(session, names);
+    std::int64_t rows = 0;
+    for (const auto& table : tables) rows += table.rows;
+    page.Outcome(tables.size() == names.size() && rows > 0,
+                 fmt::format("{}, {}", Counted(tables.size(), "table"), Counted(static_cast<std::size_t>(rows), "row")));
+}
+
 class Tour {
   public:
-    Tour(const GeneralOptions& options, TourPage& page) : options_(options), page_(page), ground_{page, nullptr} {}
+    Tour(const Context& context, TourPage& page)
+        : options_(context.options),
+          fresh_(!options_.connect && !options_.database),
+          connection_text_(fresh_ ? kFreshDatabase : context.ConnectionText()),
+          page_(page),
+          ground_{page, nullptr, 0, {}} {}
 
-    void Walk() {
-        page_.Title("A walk through the seminar administration");
+    /// Chapter after chapter; on a terminal it stops behind each but the last.
+    void Walk(std::span<const Chapter> chapters) {
+        const bool all = chapters.size() > 1;
+        page_.Hold();
         Connect();
-        WalkCatalogue(ground_);
-        WalkScheduling(ground_);
-        WalkEnrolment(ground_);
-        WalkApproval(ground_);
-        page_.End();
+        if (std::ranges::any_of(chapters, &Chapter::has_people)) ground_.FindPeople();
+        page_.Open("A walk through the seminar administration",
+                   all ? Story(ground_) : chapters.front().who_wants_what(ground_));
+        for (std::size_t i = 0; i < chapters.size(); ++i) {
+            const auto& chapter = chapters[i];
+            if (all) {
+                page_.Chapter(fmt::format("Chapter {} of {}: {}", i + 1, chapters.size(), chapter.name),
+                              chapter.who_wants_what(ground_));
+            }
+            chapter.walk(ground_);
+            const bool last = i + 1 == chapters.size();
+            if (!last && IsSomebodyThere() && !GoesOn(chapters[i + 1])) return page_.End(true);
+        }
+        page_.End(false);
+        if (fresh_) {
+            page_.Commands("Five commands to try, on a sample of your own:", CommandsOnOwnSample());
+        } else {
+            page_.Commands("Five commands to try on this database:",
+                           CommandsOn(ground_.session, connection_text_, ground_.client));
+        }
     }
 
   private:
+    static bool GoesOn(const Chapter& next) {
+        fmt::print("\n");
+        return WaitForEnter(fmt::format("-- Enter: on to {}, q: end --", next.name));
+    }
+
     void Connect() {
-        const bool fresh = !options_.connect;
-        const Login login{options_.connect.value_or(kFreshDatabase), options_.user, options_.password};
-        page_.Step("Connect", fresh ? "The tour makes a database of its own in memory. The tables come from schema.sql and process.sql, "
-                                      "the rows from their samples: T-SQL, the same files as for the server."
-                                    : "The tour walks on the database that it was given. Where it finds no tables it makes them and "
-                                      "fills in the sample. What it adds it removes again.");
+        const Login login{connection_text_, options_.user, options_.password};
+        page_.Step("Connect", fresh_ ? "The tour makes a database of its own in memory. The tables come from schema.sql and process.sql, "
+                                       "the rows from their samples: T-SQL, the same files as for the server."
+                                     : "The tour walks on the database that it was given. Where it finds no tables it makes them and "
+                                       "fills in the sample. What it adds it removes again.");
         const auto trace = options_.trace ? TraceToStandardError() : nullptr;
         page_.Call("session->Connect(connection_text, user, password, 30)", [&] {
             const auto watcher = [this, trace](const LumoConnection::TracedCall& call) {
@@ -46,44 +111,52 @@ class Tour {
             };
             ground_.session = OpenSession(login, MissingFile::kCreate, watcher).session;
         });
-        std::vector<Text> names;
-        std::size_t created = 0;
-        const auto schema = SchemaScripts();
-        for (const auto& script : schema) {
-            const auto of_script = CreatedTables(script);
-            names.insert(names.end(), of_script.begin(), of_script.end());
-            if (!ExistingTables(ground_.session, of_script).empty()) continue;
-            Run(script);
-            ++created;
-        }
-        if (created == schema.size()) {
-            for (const auto& script : SampleScripts()) Run(script);
-        }
-        const auto tables = ExistingTables(ground_.session, names);
-        std::int64_t rows = 0;
-        for (const auto& table : tables) rows += table.rows;
-        page_.Outcome(tables.size() == names.size() && rows > 0,
-                      fmt::format("{}, {}", Counted(tables.size(), "table"), Counted(static_cast<std::size_t>(rows), "row")));
+        MakeTables(ground_.session, page_);
         ground_.client = options_.client ? *options_.client : ActiveClient(ground_.session);
     }
 
-    void Run(const Script& script) {
-        page_.Call(
-            fmt::format("session->ExecuteSql(batch)   // for each batch of {}", script.path.filename().string()),
-            [&] { RunScript(ground_.session, script, [] {}); },
-            [&] { return fmt::format("{} batches, all done", page_.Sent()); });
-    }
-
     const GeneralOptions& options_;
+    const bool fresh_;
+    const Text connection_text_;
     TourPage& page_;
     TourGround ground_;
 };
 
-int WalkTour(Context& context) {
+std::span<const Chapter> ChaptersNamed(const std::optional<std::string>& name) {
+    if (!name) return Chapters();
+    std::vector<std::string> names;
+    for (const auto& chapter : Chapters()) {
+        if (*name == chapter.name) return {&chapter, 1};
+        names.emplace_back(chapter.name);
+    }
+    const auto meant = DidYouMean(*name, names);
+    throw UsageError(fmt::format("There is no chapter {}.{}", OneLine(*name),
+                                 meant.empty() ? fmt::format(" There are {}.", fmt::join(names, ", ")) : meant));
+}
+
+// On the way here all that a chapter had added was taken back.
+int ReportInterruption() {
+    fmt::print("\n");
+    std::fflush(stdout);
+    fmt::print(stderr, "lumoseminar: The tour was interrupted. What it had added is removed again.\n");
+    return 128 + Interruption::Signal();
+}
+
+int WalkTour(const Context& context, const std::optional<std::string>& chapter) {
     if (context.options.format != Format::kTable)
         throw UsageError("The tour is a text to read: it has no other format.");
+    const auto chapters = ChaptersNamed(chapter);
+    const Interruption interruption;
     TourPage page;
-    Tour(context.options, page).Walk();
+    try {
+        Tour(context, page).Walk(chapters);
+    } catch (const TourInterrupted&) {
+        return ReportInterruption();
+    } catch (const std::system_error& error) {
+        // A reader that has seen enough, as head(1), is nothing to tell of.
+        if (error.code() != std::errc::broken_pipe) throw;
+        return kRefused;
+    }
     return page.Untold() == 0 ? kDone : kRefused;
 }
 
@@ -91,11 +164,16 @@ int WalkTour(Context& context) {
 
 void AddTour(Command& program) {
     auto& command = program.Add("tour", "Walk through what there is: calls, statements, outcomes");
-    command.Remark(
-        "Without --connect the tour makes a database of its own in memory, so that it runs anywhere. On a given\n"
-        "database it uses the tables that are there, or creates them with the sample; what it adds it removes again.\n"
-        "Each outcome is checked: one that is not as told gives the exit code 1.");
-    command.Does([](Context& context) { return WalkTour(context); });
+    const auto chapter = std::make_shared<std::optional<std::string>>();
+    command.Argument("CHAPTER", chapter.get(), "One chapter alone [all of them]");
+    std::string remark = "The chapters:\n\n";
+    for (const auto& one : Chapters()) remark += fmt::format("  {:<12}{}\n", one.name, one.summary);
+    command.Remark(remark +
+                   "\nOn a terminal the tour stops behind each chapter: Enter goes on, q ends.\n\n"
+                   "Without --connect the tour makes a database of its own in memory, so that it runs anywhere. On a given "
+                   "database it uses the tables that are there, or creates them with the sample; what it adds it removes again, "
+                   "also where it is interrupted. Each outcome is checked: one that is not as told gives the exit code 1.");
+    command.Does([chapter](Context& context) { return WalkTour(context, *chapter); });
 }
 
 }  // namespace frontend

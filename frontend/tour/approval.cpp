@@ -22,13 +22,14 @@ namespace {
 constexpr const char* kEntries = "Sem_Warteliste_IT";
 constexpr const char* kSteps = "Sem_ProzessSchritt_IT";
 constexpr const char* kRights = "Sem_ProzessRecht_IT";
+constexpr const char* kStages = "Sem_ProzessStufe_IT";
 constexpr Int32 kNeeds = 7;
 constexpr Int32 kWaitList = 8;
 constexpr Byte kEmployee = 2;
 constexpr Int32 kUser = 1;
 constexpr Int32 kPlaces = 3;
 
-// Two requests for one date, each decided on by two approvers: one begins as a training need, one as a consent.
+// Two requests for one date, each decided on stage by stage: one begins as a training need, one as a consent.
 class ApprovalChapter {
   public:
     explicit ApprovalChapter(TourGround& ground)
@@ -36,6 +37,7 @@ class ApprovalChapter {
 
     void Walk() {
         const auto rows_at_first = Rows();
+        seminar_.emplace(ground_);
         PlanDate();
         AppointApprovers();
         RecordNeed();
@@ -48,25 +50,16 @@ class ApprovalChapter {
         ShowPlaces();
         RemoveAll();
         all_->Gone();
+        seminar_->Remove();
         page_.Outcome(Rows() == rows_at_first, "date, need, entries, steps and rights are as they were before");
     }
 
   private:
-    struct Attendee {
-        Int32 number = 0;
-        Text name;
-    };
-
-    struct Entry {
-        Int32 key = 0;
-        // of earlier subjects of the key
-        Int32 steps_before = 0;
-    };
-
     std::vector<Int32> Rows() const {
         std::vector<Int32> rows;
-        for (const char* table : {"Sem_Termin_IT", "Sem_Termin_Termine_IT", "Sem_Teilnehmer_IT", "Sem_Teilnehmer_Kosten_IT",
-                                  kEntries, "Sem_WartelisteTermin_IT", "AN_WBBedarf_IT", kSteps, kRights}) {
+        for (const char* table : {"Sem_Katalog_IT", "Sem_Termin_IT", "Sem_Termin_Termine_IT", "Sem_Teilnehmer_IT",
+                                  "Sem_Teilnehmer_Kosten_IT", "sysIData_KostenArten", kEntries,
+                                  "Sem_WartelisteTermin_IT", "AN_WBBedarf_IT", kSteps, kRights}) {
             rows.push_back(ground_.CountRows(table));
         }
         return rows;
@@ -76,17 +69,13 @@ class ApprovalChapter {
         page_.Step("A date with places to give",
                    "A new date with three places, one of which is taken. Two more employees are going to ask for a place.");
         all_.emplace("a date with its requests", [this] { RemoveAll(); });
-        const auto catalogue = New<colSeminare>();
-        catalogue->Init(client_, session_);
-        const Int32 seminar = catalogue->Item(1)->SemID();
-        FindEmployees();
         page_.Call(
             "date: Init(0, session), SemID, MaxTeil(3), ... WriteToDatabase",
-            [&] { PlanTourDate(*date_, session_, client_, seminar, "TOUR-3", kPlaces); },
+            [&] { PlanTourDate(*date_, session_, client_, seminar_->Key(), "TOUR-3", kPlaces); },
             [&] { return fmt::format("{}", page_.Sent()); });
         const auto record = date_->clscolTeilnehmer()->AddEmptyObject().As<clsTeilnehmer>();
         record->MDNR(client_);
-        record->ANNr(employees_[0].number);
+        record->ANNr(ground_.Enrolled().number);
         record->TeilnehmerKosten(120);
         record->WriteToDatabase(kUser);
         before_ = Names();
@@ -95,64 +84,80 @@ class ApprovalChapter {
                       fmt::format("date {}, {} of {} places free", date_->SemTerminID(), free_before_, kPlaces));
     }
 
-    // Three of the client, the first of them being enrolled already.
-    void FindEmployees() {
-        for (Int32 last = 0; employees_.size() < 3;) {
-            last = To<Int32>(session_->LookupValue("min(ANNR)", "Arbeitnehmer",
-                                                   fmt::format("MDNR = {} AND ANNR > {}", client_, last)));
-            employees_.push_back({last, {}});
-            employees_.back().name = Person(employees_.back())->Vorname() + " " + Person(employees_.back())->Nachname();
-        }
-    }
-
-    Ref<clsWBPerson> Person(const Attendee& employee) const {
+    Ref<clsWBPerson> Person(const TourPerson& employee) const {
         auto person = New<clsWBPerson>();
         auto session = session_;
         person->Init(client_, employee.number, kEmployee, session);
         return person;
     }
 
-    std::vector<Attendee> Names() const {
-        std::vector<Attendee> names;
+    std::vector<TourPerson> Names() const {
+        std::vector<TourPerson> names;
         for (const auto& record : Fresh(*date_, session_)->clscolTeilnehmer()->NewEnum()) {
-            for (const auto& employee : employees_) {
+            for (const auto& employee : ground_.people) {
                 if (employee.number == record->ANNr()) names.push_back(employee);
             }
         }
         return names;
     }
 
+    // Of a module, first to last: those that the table names, otherwise two.
+    std::vector<Int32> StagesOf(Int32 module) const {
+        std::vector<Int32> stages;
+        for (Variant stage = NextStage(module, std::nullopt); !stage.IsNull(); stage = NextStage(module, stages.back()))
+            stages.push_back(To<Int32>(stage));
+        return stages.empty() ? std::vector{1, 2} : stages;
+    }
+
+    Variant NextStage(Int32 module, std::optional<Int32> behind) const {
+        return session_->LookupValue(
+            "min(Stufe)", kStages,
+            fmt::format("ModulNr = {}{}", module, behind ? fmt::format(" AND Stufe > {}", *behind) : ""));
+    }
+
     void AppointApprovers() {
-        page_.Step("Two approvers",
-                   "Who decides at which stage stands in a table: a superior at the first, the training department at the "
-                   "last. A module is 7 for training needs and 8 for the wait-list.");
+        page_.Step("Those who decide",
+                   "Who decides at which stage stands in a table: the training department at the last, a superior at each "
+                   "before it. A module is 7 for training needs and 8 for the wait-list.");
         superior_ = ground_.LargestKey("UserID", kRights) + 1;
         department_ = superior_ + 1;
         stranger_ = superior_ + 2;
+        std::size_t rights = 0;
         page_.Call("session->ExecuteSql(insert)   // for each module", [&] {
             for (const Int32 module : {kNeeds, kWaitList}) {
-                session_->ExecuteSql(fmt::format("INSERT INTO {0} (ModulNr, Stufe, UserID) VALUES ({1}, 1, {2}), ({1}, 2, {3})",
-                                                 kRights, module, superior_, department_));
+                const auto stages = StagesOf(module);
+                rights += stages.size();
+                std::string rows;
+                for (const Int32 stage : stages) {
+                    rows += fmt::format("{}({}, {}, {})", rows.empty() ? "" : ", ", module, stage,
+                                        stage == stages.back() ? department_ : superior_);
+                }
+                session_->ExecuteSql(fmt::format("INSERT INTO {} (ModulNr, Stufe, UserID) VALUES {}", kRights, rows));
             }
         });
-        page_.Outcome(ground_.CountRows(kRights, fmt::format("UserID = {} OR UserID = {}", superior_, department_)) == 4,
-                      fmt::format("superior {}, training department {}", superior_, department_));
+        page_.Outcome(RightsOfTour() == rights, fmt::format("superior {}, training department {}", superior_, department_));
+    }
+
+    std::size_t RightsOfTour() const {
+        return static_cast<std::size_t>(
+            ground_.CountRows(kRights, fmt::format("UserID = {} OR UserID = {}", superior_, department_)));
     }
 
     void RecordNeed() {
-        const auto& employee = employees_[1];
+        const auto& employee = ground_.Needing();
         page_.Step("A training need", fmt::format("{} needs training in a focus area. The need is written, its process opened, and written "
                                                   "again with its status.",
                                                   employee.name));
-        const Int32 focus_area = To<Int32>(session_->LookupValue("min(WBS_ID)", "sysIData_WBS", ""));
+        const auto areas = session_->LookupValue("min(WBS_ID)", "sysIData_WBS", "");
+        const Int32 focus_area = areas.IsNull() ? 1 : To<Int32>(areas);
         need_ = ground_.LargestKey("WBID", "AN_WBBedarf_IT") + 1;
-        steps_of_need_ = StepsOf(kNeeds, need_);
         const auto person = Person(employee);
         Int32 key = 0;
         page_.Call(fmt::format("person->BedarfErfassen({}, {})", focus_area, kUser),
                    [&] { key = person->BedarfErfassen(focus_area, kUser); });
-        page_.Outcome(key == need_ && Need()->BenutzerHatGenehmigungsrechte(superior_) &&
-                          !Need()->BenutzerHatGenehmigungsrechte(department_),
+        const bool alone = StagesOf(kNeeds).size() == 1;
+        page_.Outcome(key == need_ && Need()->BenutzerHatGenehmigungsrechte(alone ? department_ : superior_) &&
+                          !Need()->BenutzerHatGenehmigungsrechte(alone ? superior_ : department_),
                       fmt::format("need {}: {}", key, Need()->StatusText()));
     }
 
@@ -162,12 +167,8 @@ class ApprovalChapter {
         return need;
     }
 
-    Int32 StepsOf(Int32 module, Int32 key) const {
-        return ground_.CountRows(kSteps, fmt::format("ModulNr = {} AND SchluesselID = {}", module, key));
-    }
-
     void DecideOnNeed() {
-        page_.Step("Two stages",
+        page_.Step("Stage by stage",
                    "A consent counts at the stage that the process waits at, from somebody who may decide there. Behind the "
                    "last stage the need becomes an entry on the wait-list of the date.");
         const Int32 date = date_->SemTerminID();
@@ -175,17 +176,17 @@ class ApprovalChapter {
                                                 [&] { Need()->TeilnahmeZustimmen(date, stranger_); });
         page_.Outcome(refused == LumoConnection::ProcessError::kDecisionRefused, "nothing was changed");
         Variant result;
-        page_.Call(
-            fmt::format("need->TeilnahmeZustimmen({}, {})", date, superior_),
-            [&] { result = Need()->TeilnahmeZustimmen(date, superior_); },
-            [&] { return fmt::format("{}", page_.Sent()); });
-        page_.Outcome(result.IsEmpty(), fmt::format("Empty: {}", Need()->StatusText()));
+        for (auto stages = StagesOf(kNeeds); stages.size() > 1; stages.pop_back()) {
+            page_.Call(
+                fmt::format("need->TeilnahmeZustimmen({}, {})", date, superior_),
+                [&] { result = Need()->TeilnahmeZustimmen(date, superior_); },
+                [&] { return fmt::format("{}", page_.Sent()); });
+            page_.Outcome(result.IsEmpty(), fmt::format("Empty: {}", Need()->StatusText()));
+        }
         const Int32 largest = ground_.LargestKey("SemWarteListeID", kEntries);
-        const Int32 steps_before = StepsOf(kWaitList, largest + 1);
         page_.Call(fmt::format("need->TeilnahmeZustimmen({}, {})", date, department_),
                    [&] { result = Need()->TeilnahmeZustimmen(date, department_); });
-        if (ground_.LargestKey("SemWarteListeID", kEntries) == largest + 1)
-            entries_.push_back({largest + 1, steps_before});
+        if (ground_.LargestKey("SemWarteListeID", kEntries) == largest + 1) entries_.push_back(largest + 1);
         page_.Outcome(!result.IsEmpty() && To<Bool>(result) && entries_.size() == 1,
                       fmt::format("true: {}, entry {} on the wait-list", Need()->StatusText(), largest + 1));
     }
@@ -197,12 +198,12 @@ class ApprovalChapter {
         const auto date = Fresh(*date_, session_);
         Ref<colSemWarteliste> waiting;
         page_.Call("date->colWarteliste()", [&] { waiting = date->colWarteliste(); });
-        page_.Outcome(waiting->Count() == 1 && waiting->Item(1)->TNID() == employees_[1].number,
+        page_.Outcome(waiting->Count() == 1 && waiting->Item(1)->TNID() == ground_.Needing().number,
                       fmt::format("{}: employee {}", Entries(waiting->Count()), waiting->Item(1)->TNID()));
         Ref<colErrorMsg> findings;
         page_.Call(
             fmt::format("person->TeilnahmePruefen({})", date_->SemTerminID()),
-            [&] { findings = Person(employees_[1])->TeilnahmePruefen(date_->SemTerminID()); },
+            [&] { findings = Person(ground_.Needing())->TeilnahmePruefen(date_->SemTerminID()); },
             [&] { return fmt::format("{}", page_.Sent()); });
         for (const auto& finding : findings->NewEnum()) page_.Outcome(true, FindingText(*finding));
         page_.Outcome(page_.Sent() > 0, Counted(findings->Count(), "finding"));
@@ -212,11 +213,11 @@ class ApprovalChapter {
         page_.Step("From the entry to a place",
                    "The need was decided on already, and no process of the entry has been opened. The decision of the last "
                    "stage is enough: nothing is pending any more, and the library makes the participant.");
-        Approve(employees_[1], department_, true, 2);
+        Approve(ground_.Needing(), department_, true, 2);
     }
 
     // @param made  whether the person is to be a participant afterwards
-    void Approve(const Attendee& employee, Int32 user, bool made, std::size_t participants) {
+    void Approve(const TourPerson& employee, Int32 user, bool made, std::size_t participants) {
         Bool result;
         page_.Call(
             fmt::format("person->TeilnahmeGenehmigen({}, {})", date_->SemTerminID(), user),
@@ -230,11 +231,11 @@ class ApprovalChapter {
     }
 
     void Consent() {
-        const auto& employee = employees_[2];
+        const auto& employee = ground_.Asking();
         page_.Step("A wish without a need",
                    fmt::format("{} asks for a place. The consent makes an entry and opens its process.", employee.name));
         const Int32 key = ground_.LargestKey("SemWarteListeID", kEntries) + 1;
-        entries_.push_back({key, StepsOf(kWaitList, key)});
+        entries_.push_back(key);
         Variant result;
         page_.Call(fmt::format("person->TeilnahmeZustimmen({}, {})", date_->SemTerminID(), kUser),
                    [&] { result = Person(employee)->TeilnahmeZustimmen(date_->SemTerminID(), kUser); });
@@ -243,7 +244,7 @@ class ApprovalChapter {
     }
 
     Ref<clsSemWarteliste> Waiting() const {
-        return Person(employees_[2])->colWarteliste()->Item(fmt::format("{}", entries_.back().key));
+        return Person(ground_.Asking())->colWarteliste()->Item(fmt::format("{}", entries_.back()));
     }
 
     void ChangeMind() {
@@ -253,16 +254,17 @@ class ApprovalChapter {
         page_.Call(fmt::format("entry->ZustimmungVerwerfen({})", kUser), [&] { entry->ZustimmungVerwerfen(kUser); });
         page_.Outcome(entry->Status() == 0, "status 0");
         page_.Call(fmt::format("person->TeilnahmeZustimmen({}, {})", date_->SemTerminID(), kUser),
-                   [&] { Person(employees_[2])->TeilnahmeZustimmen(date_->SemTerminID(), kUser); });
+                   [&] { Person(ground_.Asking())->TeilnahmeZustimmen(date_->SemTerminID(), kUser); });
         page_.Outcome(Waiting()->SemWartelisteID() == entry->SemWartelisteID() && Waiting()->Status() == 1,
                       fmt::format("status 1: {}", ProcessOf(*entry)->ProzessStatusText()));
     }
 
     void ApproveConsent() {
-        page_.Step("Both approvers",
+        page_.Step("Superior and department",
                    "The superior's approval is recorded and nothing else; that of the department makes the place.");
-        Approve(employees_[2], superior_, false, 2);
-        Approve(employees_[2], department_, true, 3);
+        for (auto stages = StagesOf(kWaitList); stages.size() > 1; stages.pop_back())
+            Approve(ground_.Asking(), superior_, false, 2);
+        Approve(ground_.Asking(), department_, true, 3);
     }
 
     void ShowPlaces() {
@@ -270,10 +272,12 @@ class ApprovalChapter {
         const auto fresh = Fresh(*date_, session_);
         Sheet sheet{{"Employee", "Name", "Came by", "Before", "After"}, {}};
         for (const auto& record : fresh->clscolTeilnehmer()->NewEnum()) {
-            for (const auto& employee : employees_) {
+            for (const auto& employee : ground_.people) {
                 if (employee.number != record->ANNr()) continue;
                 const bool was_there = !before_.empty() && before_.front().number == employee.number;
-                const Text by = was_there ? "enrolled" : employee.number == employees_[1].number ? "need" : "consent";
+                const Text by = was_there                                     ? "enrolled"
+                                : employee.number == ground_.Needing().number ? "need"
+                                                                              : "consent";
                 sheet.rows.push_back({employee.number, employee.name, by, Text(was_there ? "x" : ""), Text("x")});
             }
         }
@@ -284,39 +288,38 @@ class ApprovalChapter {
     }
 
     void RemoveAll() {
-        for (const auto& [key, steps_before] : entries_) {
+        for (const Int32 key : entries_) {
             const auto entry = New<clsSemWarteliste>();
             entry->Init(key, session_);
             entry->DeleteFromDatabase();
-            RemoveSteps(kWaitList, key, steps_before);
+            RemoveSteps(kWaitList, key);
         }
-        if (need_ != 0 && ground_.CountRows("AN_WBBedarf_IT", fmt::format("WBID = {}", need_)) == 1)
-            Need()->DeleteFromDatabase();
-        RemoveSteps(kNeeds, need_, steps_of_need_);
-        session_->ExecuteSql(fmt::format("DELETE FROM {} WHERE UserID = {} OR UserID = {}", kRights, superior_, department_));
+        if (need_ != 0) {
+            if (ground_.CountRows("AN_WBBedarf_IT", fmt::format("WBID = {}", need_)) == 1) Need()->DeleteFromDatabase();
+            RemoveSteps(kNeeds, need_);
+        }
+        if (superior_ != 0)
+            session_->ExecuteSql(fmt::format("DELETE FROM {} WHERE UserID = {} OR UserID = {}", kRights, superior_, department_));
         RemoveTourDate(*date_, session_);
     }
 
-    // Steps are counted from 1, on from one process to the next: those of earlier subjects of the key stay.
-    void RemoveSteps(Int32 module, Int32 key, Int32 before) {
-        session_->ExecuteSql(fmt::format("DELETE FROM {} WHERE ModulNr = {} AND SchluesselID = {} AND SchrittNr > {}",
-                                         kSteps, module, key, before));
+    void RemoveSteps(Int32 module, Int32 key) {
+        session_->ExecuteSql(fmt::format("DELETE FROM {} WHERE ModulNr = {} AND SchluesselID = {}", kSteps, module, key));
     }
 
     TourGround& ground_;
     TourPage& page_;
     const Ref<DataSession>& session_;
     const Int32 client_;
+    std::optional<TourSeminar> seminar_;
     Ref<clsTermin> date_ = New<clsTermin>();
-    std::vector<Attendee> employees_;
-    std::vector<Attendee> before_;
+    std::vector<TourPerson> before_;
     Int32 free_before_ = 0;
     Int32 superior_ = 0;
     Int32 department_ = 0;
     Int32 stranger_ = 0;
     Int32 need_ = 0;
-    Int32 steps_of_need_ = 0;
-    std::vector<Entry> entries_;
+    std::vector<Int32> entries_;
     std::optional<TakeBack> all_;
 };
 

@@ -4,6 +4,7 @@
 #include <set>
 
 #include "frontend/tour/chapters.h"
+#include "frontend/tour/fresh_keys.h"
 #include "frontend/tour/ground.h"
 
 namespace frontend {
@@ -23,6 +24,7 @@ class CatalogueChapter {
 
     void Walk() {
         const Int32 rows_at_first = ground_.CountRows(kTable);
+        fresh_keys_.emplace(session_);
         ListCatalogue();
         ReadProperties();
         AddSeminar();
@@ -31,6 +33,7 @@ class CatalogueChapter {
         StoreStatus();
         RemoveSeminar();
         ListOtherClient();
+        fresh_keys_.reset();
         page_.Outcome(ground_.CountRows(kTable) == rows_at_first, "the table is as it was before the tour");
     }
 
@@ -207,6 +210,7 @@ class CatalogueChapter {
     TourPage& page_;
     const Ref<DataSession>& session_;
     const Int32 client_;
+    std::optional<FreshKeys> fresh_keys_;
     Int32 own_key_ = 0;
     std::optional<TakeBack> own_;
     Ref<colSeminare> list_ = New<colSeminare>();

@@ -27,6 +27,7 @@ class EnrolmentChapter {
 
     void Walk() {
         const auto rows_at_first = Rows();
+        seminar_.emplace(ground_);
         PlanDates();
         MeetPerson();
         EnrolFirst();
@@ -35,32 +36,31 @@ class EnrolmentChapter {
         Cancel();
         RemoveAll();
         all_->Gone();
+        seminar_->Remove();
         page_.Outcome(Rows() == rows_at_first, "dates, participants, costs and lists are as they were before");
     }
 
   private:
     std::vector<Int32> Rows() const {
         std::vector<Int32> rows;
-        for (const char* table : {"Sem_Termin_IT", "Sem_Termin_Termine_IT", kParticipants, "Sem_Teilnehmer_Kosten_IT",
-                                  "Sem_Warteliste_IT", "Sem_WartelisteSem_IT", "Sem_WartelisteTermin_IT"}) {
+        for (const char* table :
+             {"Sem_Katalog_IT", "Sem_Termin_IT", "Sem_Termin_Termine_IT", kParticipants, "Sem_Teilnehmer_Kosten_IT",
+              "sysIData_KostenArten", "Sem_Warteliste_IT", "Sem_WartelisteSem_IT", "Sem_WartelisteTermin_IT"}) {
             rows.push_back(ground_.CountRows(table));
         }
         return rows;
     }
 
     void PlanDates() {
-        page_.Step("Two dates on one day",
-                   "Two new dates of one seminar, for one participant each. Both take place on 05.04.2027 from 9:00 "
-                   "to 17:00 and cost 120.00.");
+        page_.Step("Two dates on one day", fmt::format("Two new dates of one seminar, for one participant each. Both take place on {} from 9:00 "
+                                                       "to 17:00 and cost 120.00.",
+                                                       DateText(DayOfTourDate())));
         all_.emplace("a date with its participants", [this] { RemoveAll(); });
-        const auto catalogue = New<colSeminare>();
-        catalogue->Init(client_, session_);
-        seminar_ = catalogue->Item(1)->SemID();
         page_.Call(
             "first and second: Init(0, session), SemID, MaxTeil(1), WriteToDatabase, BeginnDatum, WriteToDatabase",
             [&] {
-                PlanTourDate(*first_, session_, client_, seminar_, "TOUR-1", 1);
-                PlanTourDate(*second_, session_, client_, seminar_, "TOUR-2", 1);
+                PlanTourDate(*first_, session_, client_, seminar_->Key(), "TOUR-1", 1);
+                PlanTourDate(*second_, session_, client_, seminar_->Key(), "TOUR-2", 1);
             },
             [&] { return fmt::format("{}", page_.Sent()); });
         page_.Outcome(first_->SemTerminID() != second_->SemTerminID() && first_->EndeDatum() == second_->EndeDatum(),
@@ -70,16 +70,15 @@ class EnrolmentChapter {
     void MeetPerson() {
         page_.Step("A person",
                    "One object for employees, applicants and temporary workers. The name is read when it is asked for.");
-        person_key_ = To<Int32>(session_->LookupValue("min(ANNR)", "Arbeitnehmer", fmt::format("MDNR = {}", client_)));
-        other_key_ = To<Int32>(session_->LookupValue("max(ANNR)", "Arbeitnehmer", fmt::format("MDNR = {}", client_)));
         const auto person = New<clsWBPerson>();
         auto session = session_;
-        page_.Call(fmt::format("person->Init({}, {}, 2, session)", client_, person_key_),
-                   [&] { person->Init(client_, person_key_, 2, session); });
+        page_.Call(fmt::format("person->Init({}, {}, 2, session)", client_, ground_.Asking().number),
+                   [&] { person->Init(client_, ground_.Asking().number, 2, session); });
         const bool nothing_sent = page_.Sent() == 0;
         Text name;
         page_.Call("person->Nachname(), person->Vorname()", [&] { name = person->Vorname() + " " + person->Nachname(); });
-        page_.Outcome(nothing_sent && page_.Sent() == 1 && !name.empty(), fmt::format("{}, employee {}", name, person_key_));
+        page_.Outcome(nothing_sent && page_.Sent() == 1 && !name.empty(),
+                      fmt::format("{}, employee {}", name, ground_.Asking().number));
     }
 
     // A new record for the person on the date.
@@ -103,8 +102,9 @@ class EnrolmentChapter {
         const Int32 before = ground_.CountRows(kParticipants);
         Ref<clsTeilnehmer> record;
         page_.Call(
-            fmt::format("record = date->clscolTeilnehmer()->AddEmptyObject(), ->ANNr({})", person_key_),
-            [&] { record = NewRecord(*first_, person_key_); }, [&] { return fmt::format("{}", page_.Sent()); });
+            fmt::format("record = date->clscolTeilnehmer()->AddEmptyObject(), ->ANNr({})", ground_.Asking().number),
+            [&] { record = NewRecord(*first_, ground_.Asking().number); },
+            [&] { return fmt::format("{}", page_.Sent()); });
         page_.Call("record->TeilnehmerKosten(120), record->WriteToDatabase(user)", [&] { Write(*first_, record); });
         record_ = record;
         page_.Outcome(ground_.CountRows(kParticipants) == before + 1 && record->TeilnehmerKosten() == 120,
@@ -115,7 +115,7 @@ class EnrolmentChapter {
     void FindWhatSpeaksAgainst() {
         page_.Step("What speaks against the second date",
                    "The checks find and forbid nothing: the person is busy on that day, on an open date of the same seminar.");
-        const auto record = NewRecord(*second_, person_key_);
+        const auto record = NewRecord(*second_, ground_.Asking().number);
         Bool free;
         page_.Call(
             "record->CheckTeilnehmerAnmeldung()", [&] { free = record->CheckTeilnehmerAnmeldung(); },
@@ -134,9 +134,9 @@ class EnrolmentChapter {
         page_.Step("Overbook the first date",
                    "Places are counted and not kept: the decision is the front end's. A fresh object reads the "
                    "list anew.");
-        const auto record = NewRecord(*first_, other_key_);
+        const auto record = NewRecord(*first_, ground_.Needing().number);
         page_.Call(
-            fmt::format("another record: ->ANNr({}), ->WriteToDatabase(user)", other_key_),
+            fmt::format("another record: ->ANNr({}), ->WriteToDatabase(user)", ground_.Needing().number),
             [&] { Write(*first_, record); }, [&] { return fmt::format("{}", page_.Sent()); });
         const auto fresh = Fresh(*first_, session_);
         page_.Outcome(fresh->AnzAnmeldungen() == 2 && fresh->AnzFreiePlaetze() == -1,
@@ -151,7 +151,7 @@ class EnrolmentChapter {
         const Int32 largest = ground_.LargestKey("SemWarteListeID", "Sem_Warteliste_IT");
         page_.Call("record->Teilnahme(0), ->storniertam(...), ->StornoKosten(25), ->WriteToDatabase(user)", [&] {
             record_->Teilnahme(0);
-            record_->storniertam(DateTime::Of(2027, 3, 29));
+            record_->storniertam(TourDay(28));
             record_->StornoKosten(25);
             record_->WriteToDatabase(kUser);
         });
@@ -179,9 +179,7 @@ class EnrolmentChapter {
     TourPage& page_;
     const Ref<DataSession>& session_;
     const Int32 client_;
-    Int32 seminar_ = 0;
-    Int32 person_key_ = 0;
-    Int32 other_key_ = 0;
+    std::optional<TourSeminar> seminar_;
     Ref<clsTermin> first_ = New<clsTermin>();
     Ref<clsTermin> second_ = New<clsTermin>();
     Ref<clsTeilnehmer> record_;

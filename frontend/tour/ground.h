@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include <LumoSeminar/LumoSeminar.h>
 
@@ -24,11 +25,27 @@ inline std::string Entries(LumoSeminar::Int32 count) {
     return count == 1 ? "1 entry" : fmt::format("{} entries", count);
 }
 
+/// An employee of the client, of whom the tour tells.
+struct TourPerson {
+    LumoSeminar::Int32 number = 0;
+    /// Among colleagues: "Petra".
+    std::string called;
+    std::string name;
+};
+
 /// What the tour walks on. What a step needs to know for its comparison it asks in calls that the page does not show.
 struct TourGround {
     TourPage& page;
     LumoSeminar::Ref<LumoSeminar::DataSession> session;
     LumoSeminar::Int32 client = 0;
+    /// Three, once FindPeople has found them.
+    std::vector<TourPerson> people;
+
+    /// Raises 9 where the client has fewer than three employees.
+    void FindPeople();
+    const TourPerson& Asking() const { return people.at(0); }
+    const TourPerson& Needing() const { return people.at(1); }
+    const TourPerson& Enrolled() const { return people.at(2); }
 
     LumoSeminar::Int32 CountRows(const LumoSeminar::Text& table, const LumoSeminar::Text& where = {}) const {
         return LumoSeminar::To<LumoSeminar::Int32>(session->LookupValue("count(*)", table, where));

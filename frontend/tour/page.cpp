@@ -4,9 +4,11 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <utility>
 
 #include "frontend/output/screen_text.h"
 #include "frontend/output/terminal.h"
+#include "frontend/tour/interruption.h"
 
 namespace frontend {
 
@@ -21,6 +23,38 @@ constexpr int kLabel = 11;
 
 }  // namespace
 
+TourPage::~TourPage() {
+    try {
+        Release();
+    } catch (...) {
+        // A reader that has gone away has been told of already.
+    }
+}
+
+void TourPage::Put(std::string_view text) {
+    if (held_) {
+        held_->append(text);
+    } else {
+        fmt::print("{}", text);
+    }
+}
+
+void TourPage::Hold() { held_.emplace(); }
+
+void TourPage::Release() {
+    if (!held_) return;
+    const std::string text = std::move(*held_);
+    held_.reset();
+    fmt::print("{}", text);
+}
+
+void TourPage::Open(std::string_view title, std::string_view who_wants_what) {
+    const std::string later = std::exchange(held_, std::nullopt).value_or("");
+    Title(title);
+    Paragraph(who_wants_what);
+    Put(later);
+}
+
 TourPage::TourPage() {
     if (TerminalOf(stdout).colour) {
         bold_ = "\x1b[1m";
@@ -29,14 +63,24 @@ TourPage::TourPage() {
 }
 
 void TourPage::Title(std::string_view text) {
-    fmt::print("{}{}{}{}\n", titled_ ? "\n" : "", bold_, text, plain_);
+    Put(fmt::format("{}{}{}{}\n", titled_ ? "\n" : "", bold_, text, plain_));
     titled_ = true;
 }
 
+void TourPage::Paragraph(std::string_view text) {
+    for (const auto& line : Wrap(text, kWidth - kMargin)) Put(fmt::format("{:{}}{}\n", "", kMargin, line));
+}
+
+void TourPage::Chapter(std::string_view title, std::string_view who_wants_what) {
+    Title(title);
+    Paragraph(who_wants_what);
+}
+
 void TourPage::Step(std::string_view title, std::string_view text) {
-    fmt::print("\n{}{}. {}{}\n", bold_, ++steps_, title, plain_);
-    for (const auto& line : Wrap(text, kWidth - kMargin)) fmt::print("{:{}}{}\n", "", kMargin, line);
-    fmt::print("\n");
+    Interruption::Check();
+    Put(fmt::format("\n{}{}. {}{}\n", bold_, ++steps_, title, plain_));
+    Paragraph(text);
+    Put("\n");
 }
 
 void TourPage::Call(std::string_view code, const std::function<void()>& act) {
@@ -75,33 +119,39 @@ void TourPage::Outcome(bool as_told, std::string_view text) {
 }
 
 void TourPage::Picture(std::string_view text) {
-    fmt::print("\n");
+    Put("\n");
     while (text.ends_with('\n')) text.remove_suffix(1);
     for (std::size_t at = 0; at < text.size();) {
         const std::size_t end = std::min(text.find('\n', at), text.size());
-        fmt::print("{:{}}{}\n", "", text[at] == '\n' ? 0 : kMargin, text.substr(at, end - at));
+        Put(fmt::format("{:{}}{}\n", "", text[at] == '\n' ? 0 : kMargin, text.substr(at, end - at)));
         at = end + 1;
     }
-    fmt::print("\n");
+    Put("\n");
 }
 
-void TourPage::End() {
+void TourPage::End(bool left_out) {
     if (untold_ == 0) {
-        fmt::print("\n{}All {} steps came out as told.{}\n", bold_, steps_, plain_);
+        Put(fmt::format("\n{}All {} steps{} came out as told.{}\n", bold_, steps_, left_out ? " so far" : "", plain_));
     } else {
-        fmt::print("\n{}{} {} not as told.{}\n", bold_, untold_, untold_ == 1 ? "outcome is" : "outcomes are", plain_);
+        Put(fmt::format("\n{}{} {} not as told.{}\n", bold_, untold_, untold_ == 1 ? "outcome is" : "outcomes are", plain_));
     }
 }
 
-void TourPage::Entry(std::string_view label, std::string_view text, int indent) const {
+void TourPage::Commands(std::string_view introduction, const std::vector<std::string>& lines) {
+    Put(fmt::format("\n{}{}{}\n", bold_, introduction, plain_));
+    for (const auto& line : lines) Put(fmt::format("{:{}}{}\n", "", kMargin, line));
+}
+
+void TourPage::Entry(std::string_view label, std::string_view text, int indent) {
     bool first = true;
     for (const auto& line : Wrap(text, kWidth - kMargin - kLabel - indent)) {
-        fmt::print("{:{}}{:{}}{:{}}{}\n", "", kMargin, first ? label : "", kLabel, "", indent, line);
+        Put(fmt::format("{:{}}{:{}}{:{}}{}\n", "", kMargin, first ? label : "", kLabel, "", indent, line));
         first = false;
     }
 }
 
 void TourPage::WatchWhile(const std::function<void()>& act) {
+    Interruption::Check();
     sent_.clear();
     watching_ = true;
     try {

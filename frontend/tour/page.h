@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -17,8 +18,20 @@ namespace frontend {
 class TourPage {
   public:
     TourPage();
+    /// Prints what is still held back.
+    ~TourPage();
+    TourPage(const TourPage&) = delete;
+    TourPage& operator=(const TourPage&) = delete;
 
-    void Title(std::string_view text);
+    /// From here on nothing is printed until the page is opened: who wants what is known only behind the first step.
+    void Hold();
+
+    /// The title, what it is about, and what was held back.
+    void Open(std::string_view title, std::string_view who_wants_what);
+
+    /// The head of a chapter, and who wants what in it.
+    void Chapter(std::string_view title, std::string_view who_wants_what);
+
     void Step(std::string_view title, std::string_view text);
 
     /// Prints the call as C++, carries it out, then prints the statements that were sent meanwhile.
@@ -39,8 +52,12 @@ class TourPage {
     /// Lines to look at, printed as they stand.
     void Picture(std::string_view text);
 
-    /// The last lines.
-    void End();
+    /// What it came to.
+    /// @param left_out  whether there was more to see
+    void End(bool left_out);
+
+    /// Lines to type, below a line that introduces them.
+    void Commands(std::string_view introduction, const std::vector<std::string>& lines);
 
     int Untold() const { return untold_; }
 
@@ -50,7 +67,11 @@ class TourPage {
     }
 
   private:
-    void Entry(std::string_view label, std::string_view text, int indent = 0) const;
+    void Put(std::string_view text);
+    void Release();
+    void Title(std::string_view text);
+    void Paragraph(std::string_view text);
+    void Entry(std::string_view label, std::string_view text, int indent = 0);
     void Statements();
     // A long list of columns is shown once.
     std::string WithoutKnownColumns(const std::string& statement);
@@ -58,6 +79,7 @@ class TourPage {
 
     std::vector<LumoConnection::TracedCall> sent_;
     std::set<std::string> known_columns_;
+    std::optional<std::string> held_;
     std::string bold_;
     std::string plain_;
     bool titled_ = false;

@@ -7,6 +7,7 @@
 #include "frontend/output/month_calendar.h"
 #include "frontend/tour/chapters.h"
 #include "frontend/tour/ground.h"
+#include "frontend/tour/tour_dates.h"
 
 namespace frontend {
 
@@ -26,6 +27,7 @@ class SchedulingChapter {
 
     void Walk() {
         const auto rows_at_first = Rows();
+        seminar_.emplace(ground_);
         PlanDate();
         StoreSeries();
         SetBegin();
@@ -34,12 +36,14 @@ class SchedulingChapter {
         SaveDate();
         GroupDates();
         RemoveDate();
+        seminar_->Remove();
         page_.Outcome(Rows() == rows_at_first, "dates, days and series are as they were before");
     }
 
   private:
     std::vector<Int32> Rows() const {
-        return {ground_.CountRows(kDates), ground_.CountRows(kDays), ground_.CountRows(kSeries)};
+        return {ground_.CountRows("Sem_Katalog_IT"), ground_.CountRows(kDates), ground_.CountRows(kDays),
+                ground_.CountRows(kSeries)};
     }
 
     void PlanDate() {
@@ -47,10 +51,9 @@ class SchedulingChapter {
                    "A date that is given a seminar takes over its title, limits, hours and costs. Its row is looked for "
                    "first: with the key 0 there is none, and it reads as a new date. The insert works its key out by "
                    "itself and brings it back.");
-        const auto catalogue = New<colSeminare>();
-        catalogue->Init(client_, session_);
-        const auto seminar = catalogue->Item(1);
-        const Int32 seminar_key = seminar->SemID();
+        const Int32 seminar_key = seminar_->Key();
+        const auto seminar = New<clsSeminar>();
+        seminar->Init(seminar_key, session_);
         const Text title = seminar->SemTitel();
         const Int32 most = seminar->TeilnehmerMAX();
         page_.Call("date->Init(0, session)", [&] { date_->Init(0, session_); });
@@ -86,17 +89,17 @@ class SchedulingChapter {
     }
 
     void SetBegin() {
-        page_.Step("Set the begin",
-                   "Six sessions from 01.03.2027 on. The begin builds the calendar at once, a statement a day; "
-                   "the row of the date itself waits until it is written.");
+        page_.Step("Set the begin", fmt::format("Six sessions from {} on. The begin builds the calendar at once, a statement a day; "
+                                                "the row of the date itself waits until it is written.",
+                                                DateText(TourDay(0))));
         page_.Call(fmt::format("date->SerienID({}), ->Sitzungen(6)", series_->SerienID()), [&] {
             date_->SerienID(series_->SerienID());
             date_->Sitzungen(6);
         });
         const bool nothing_sent = page_.Sent() == 0;
-        page_.Call("date->BeginnDatum(DateTime::Of(2027, 3, 1))", [&] { date_->BeginnDatum(DateTime::Of(2027, 3, 1)); });
-        page_.Outcome(nothing_sent && page_.Sent() == 9 && DaysInMarch() == std::vector{1u, 2u, 3u, 4u, 8u, 9u} &&
-                          date_->EndeDatum() == DateTime::Of(2027, 3, 9),
+        page_.Call(fmt::format("date->BeginnDatum({})", CodeText(TourDay(0))), [&] { date_->BeginnDatum(TourDay(0)); });
+        page_.Outcome(nothing_sent && page_.Sent() == 9 && Days() == TourDays({0, 1, 2, 3, 7, 8}) &&
+                          date_->EndeDatum() == TourDay(8),
                       fmt::format("six days, the last on {}", DateText(date_->EndeDatum())));
         ShowCalendar();
     }
@@ -106,11 +109,9 @@ class SchedulingChapter {
                    "Days are added behind the last one, Tuesday: from Wednesday on, in each week as far as the flagged weekdays "
                    "follow without a gap. The end date gets a day in any case, here a Friday.");
         page_.Call(
-            "date->EndeDatum(DateTime::Of(2027, 3, 26))", [&] { date_->EndeDatum(DateTime::Of(2027, 3, 26)); },
+            fmt::format("date->EndeDatum({})", CodeText(TourDay(25))), [&] { date_->EndeDatum(TourDay(25)); },
             [&] { return fmt::format("{}: lists of the days, the last day's times, 7 inserts", page_.Sent()); });
-        page_.Outcome(page_.Sent() == 12 &&
-                          DaysInMarch() == std::vector{1u, 2u, 3u, 4u, 8u, 9u, 10u, 11u, 17u, 18u, 24u, 25u, 26u},
-                      "13 days");
+        page_.Outcome(page_.Sent() == 12 && Days() == TourDays({0, 1, 2, 3, 7, 8, 9, 10, 16, 17, 23, 24, 25}), "13 days");
         ShowCalendar();
     }
 
@@ -119,10 +120,9 @@ class SchedulingChapter {
                    "The days behind the new end go, and an end between two days is corrected to the last day "
                    "that is left.");
         page_.Call(
-            "date->EndeDatum(DateTime::Of(2027, 3, 14))", [&] { date_->EndeDatum(DateTime::Of(2027, 3, 14)); },
+            fmt::format("date->EndeDatum({})", CodeText(TourDay(13))), [&] { date_->EndeDatum(TourDay(13)); },
             [&] { return fmt::format("{}: lists of the days, and 5 deletes", page_.Sent()); });
-        page_.Outcome(page_.Sent() == 11 && DaysInMarch() == std::vector{1u, 2u, 3u, 4u, 8u, 9u, 10u, 11u} &&
-                          date_->EndeDatum() == DateTime::Of(2027, 3, 11),
+        page_.Outcome(page_.Sent() == 11 && Days() == TourDays({0, 1, 2, 3, 7, 8, 9, 10}) && date_->EndeDatum() == TourDay(10),
                       fmt::format("8 days, and the end is {}", DateText(date_->EndeDatum())));
         ShowCalendar();
     }
@@ -149,12 +149,14 @@ class SchedulingChapter {
         Ref<RecordSet> months;
         page_.Call("dates->Gruppen(2)", [&] { months = dates->Gruppen(2); });
         std::size_t count = 0;
-        bool march = false;
+        bool among_them = false;
+        const std::chrono::year_month_day end(date_->EndeDatum().Date());
+        const DateTime month(std::chrono::local_days(end.year() / end.month() / 1));
         for (; !months->Eof(); months->MoveNext(), ++count) {
-            march = march || To<DateTime>(months->Fields().Item(0).Value()) == DateTime::Of(2027, 3, 1);
+            among_them = among_them || To<DateTime>(months->Fields().Item(0).Value()) == month;
         }
         months->Close();
-        page_.Outcome(known && march, fmt::format("{}, in {}", Counted(dates->Count(), "date"), Counted(count, "month")));
+        page_.Outcome(known && among_them, fmt::format("{}, in {}", Counted(dates->Count(), "date"), Counted(count, "month")));
     }
 
     void RemoveDate() {
@@ -187,10 +189,10 @@ class SchedulingChapter {
         return result;
     }
 
-    std::vector<unsigned> DaysInMarch() {
-        std::vector<unsigned> result;
-        for (const DateTime day : Days()) result.push_back(unsigned{std::chrono::year_month_day(day.Date()).day()});
-        return result;
+    static std::vector<DateTime> TourDays(std::initializer_list<int> offsets) {
+        std::vector<DateTime> days;
+        for (const int offset : offsets) days.push_back(TourDay(offset));
+        return days;
     }
 
     void ShowCalendar() { page_.Picture(MonthCalendar(Days(), {})); }
@@ -210,6 +212,7 @@ class SchedulingChapter {
     TourPage& page_;
     const Ref<DataSession>& session_;
     const Int32 client_;
+    std::optional<TourSeminar> seminar_;
     Ref<clsTermin> date_ = New<clsTermin>();
     Ref<clsSerie> series_ = New<clsSerie>();
     std::optional<TakeBack> date_row_;
