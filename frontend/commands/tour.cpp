@@ -1,7 +1,6 @@
 #include <fmt/format.h>
 
-#include <algorithm>
-#include <cerrno>
+#include <csignal>
 #include <memory>
 #include <optional>
 #include <span>
@@ -69,7 +68,9 @@ class Tour {
         const bool all = chapters.size() > 1;
         page_.Hold();
         Connect();
-        if (std::ranges::any_of(chapters, &Chapter::has_people)) ground_.FindPeople();
+        for (const auto& chapter : chapters) {
+            if (chapter.prepare != nullptr) chapter.prepare(ground_);
+        }
         page_.Open("A walk through the seminar administration",
                    all ? Story(ground_) : chapters.front().who_wants_what(ground_));
         for (std::size_t i = 0; i < chapters.size(); ++i) {
@@ -146,15 +147,16 @@ int WalkTour(const Context& context, const std::optional<std::string>& chapter) 
     if (context.options.format != Format::kTable)
         throw UsageError("The tour is a text to read: it has no other format.");
     const auto chapters = ChaptersNamed(chapter);
-    const Interruption interruption;
     TourPage page;
     try {
+        const Interruption interruption;
         Tour(context, page).Walk(chapters);
     } catch (const TourInterrupted&) {
         return ReportInterruption();
     } catch (const std::system_error& error) {
-        // A reader that has seen enough, as head(1), is nothing to tell of.
         if (error.code() != std::errc::broken_pipe) throw;
+        // As without the tour's precautions: a reader that has seen enough, as head(1), is nothing to tell of.
+        std::raise(SIGPIPE);
         return kRefused;
     }
     return page.Untold() == 0 ? kDone : kRefused;

@@ -6,17 +6,20 @@ namespace frontend {
 
 namespace {
 
+void NeedSeminar(TourGround& ground) { ground.NeedSeminar(); }
+void FindPeople(TourGround& ground) { ground.FindPeople(); }
+
 constexpr Chapter kChapters[] = {
     {"catalogue", "list, read, add, change and remove a seminar",
      [](const TourGround&) -> std::string {
          return "The training department wants a new seminar in the catalogue: it goes in, is corrected, and goes out again.";
      },
-     WalkCatalogue, false},
+     WalkCatalogue, NeedSeminar},
     {"scheduling", "plan a date by a weekly rule, move its end, remove it",
      [](const TourGround&) -> std::string {
          return "The training department wants a date for a seminar: it is planned by a weekly rule, moved, and removed.";
      },
-     WalkScheduling, false},
+     WalkScheduling, nullptr},
     {"enrolment", "enrol, check, overbook, cancel",
      [](const TourGround& ground) {
          return fmt::format(
@@ -24,7 +27,7 @@ constexpr Chapter kChapters[] = {
              "cancels and keeps the wish.",
              ground.Asking().called, ground.Needing().called, ground.Asking().called);
      },
-     WalkEnrolment, true},
+     WalkEnrolment, FindPeople},
     {"approval", "a need and a wish, the wait-list, and who decides",
      [](const TourGround& ground) {
          return fmt::format(
@@ -32,7 +35,7 @@ constexpr Chapter kChapters[] = {
              "other two.",
              ground.Asking().called, ground.Needing().called, ground.Enrolled().called);
      },
-     WalkApproval, true},
+     WalkApproval, FindPeople},
 };
 
 }  // namespace

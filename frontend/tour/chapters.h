@@ -15,8 +15,8 @@ struct Chapter {
     /// Who wants what.
     std::string (*who_wants_what)(const TourGround&);
     void (*walk)(TourGround&);
-    /// Whether it tells of the employees of the client.
-    bool has_people;
+    /// Finds what it needs to be there, and raises 9 where it is not. Null: it needs nothing.
+    void (*prepare)(TourGround&);
 };
 
 /// In the order of the tour.

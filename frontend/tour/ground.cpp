@@ -22,6 +22,12 @@ TourPerson Employee(const TourGround& ground, Int32 number) {
 
 }  // namespace
 
+void TourGround::NeedSeminar() const {
+    if (CountRows("Sem_Katalog_IT", fmt::format("MDNr = {} or MDNr = -1", client)) != 0) return;
+    Raise(ErrorNumber::kPositionOutOfRange,
+          fmt::format("Client {} has no seminar in this database: the tour has nothing to show.", client));
+}
+
 void TourGround::FindPeople() {
     people.clear();
     for (Int32 number = 0; people.size() < kPeople; people.push_back(Employee(*this, number))) {

@@ -41,6 +41,8 @@ struct TourGround {
     /// Three, once FindPeople has found them.
     std::vector<TourPerson> people;
 
+    /// Raises 9 where the client's catalogue is empty.
+    void NeedSeminar() const;
     /// Raises 9 where the client has fewer than three employees.
     void FindPeople();
     const TourPerson& Asking() const { return people.at(0); }
