@@ -5,6 +5,7 @@
 #include <map>
 #include <set>
 
+#include <test_support/places.h>
 #include "frontend/cli_test.h"
 #include "frontend/program.h"
 #include "frontend/readme_blocks_test.h"
@@ -148,11 +149,11 @@ class Readme : public Cli {
     Readme() {
         DescribeProgram(program_, options_);
         fs::create_directory(folder_ / "bin");
-        fs::create_symlink(LUMOSEMINAR_PROGRAM, folder_ / "bin" / "lumoseminar");
+        fs::create_symlink(test_support::Program(), folder_ / "bin" / "lumoseminar");
     }
 
     static std::map<std::string, std::string> Documents() {
-        const fs::path source = fs::path(LUMOSEMINAR_SCHEMA_SOURCE).parent_path();
+        const fs::path source = fs::path(test_support::SourceDir());
         std::map<std::string, std::string> documents = {{"README.md", ReadAll(source / "README.md")}};
         for (const auto& file : fs::directory_iterator(source / "docs")) {
             if (file.path().extension() == ".md") documents["docs/" + file.path().filename().string()] = ReadAll(file);
@@ -165,7 +166,7 @@ class Readme : public Cli {
         if (!fs::exists(folder_ / "lumoseminar.db")) UseSample();
         const auto place = folder_ / std::to_string(++places_);
         fs::create_directory(place);
-        fs::create_symlink(LUMOSEMINAR_PROGRAM, place / "run");
+        fs::create_symlink(test_support::Program(), place / "run");
         const auto words = WordsOf(first_command);
         if (std::ranges::find(words, "init") != words.end()) return place;
         for (const auto& file : fs::directory_iterator(folder_)) {

@@ -95,7 +95,7 @@ TEST_F(Cli, TourRunsAnywhereAndComesOutAsTold) {
 TEST_F(Cli, TourEndsWithFiveCommandsThatWork) {
     const auto commands = CommandsToTry(Run({"tour"}).out);
     ASSERT_EQ(commands.size(), 5U);
-    fs::create_symlink(LUMOSEMINAR_PROGRAM, folder_ / "lumoseminar");
+    fs::create_symlink(test_support::Program(), folder_ / "lumoseminar");
     for (const auto& command : commands) {
         const auto done = RunShell({folder_, "PATH=" + InShellQuotes(folder_) + ":$PATH; " + command});
         EXPECT_EQ(done.code, 0) << command << '\n' << done.screen;
@@ -108,7 +108,7 @@ TEST_F(TourOnAGivenDatabase, EndsWithFiveCommandsThatWorkThere) {
     const auto commands = CommandsToTry(tour.out);
     ASSERT_EQ(commands.size(), 6U);
     EXPECT_THAT(commands.front(), StartsWith("export LUMOSEMINAR_CONNECT="));
-    fs::create_symlink(LUMOSEMINAR_PROGRAM, folder_ / "lumoseminar");
+    fs::create_symlink(test_support::Program(), folder_ / "lumoseminar");
     for (std::size_t i = 1; i < commands.size(); ++i) {
         const auto done =
             RunShell({folder_, commands.front() + "; PATH=" + InShellQuotes(folder_) + ":$PATH; " + commands[i]});
@@ -206,7 +206,7 @@ TEST_F(TourOnAGivenDatabase, IsInterruptedWithoutATrace) {
 TEST_F(TourOnAGivenDatabase, LeavesTheTerminalAsItWas) {
     for (const char* key : {"q", "\x03"}) {
         const auto done =
-            RunShell({folder_, "trap : INT; " + InShellQuotes(LUMOSEMINAR_PROGRAM) + " tour; stty -a", 100, kPause, key});
+            RunShell({folder_, "trap : INT; " + InShellQuotes(test_support::Program()) + " tour; stty -a", 100, kPause, key});
         EXPECT_THAT(done.screen, HasSubstr(" icanon "));
         EXPECT_THAT(done.screen, HasSubstr(" echo "));
         EXPECT_THAT(done.screen, Not(HasSubstr("-icanon")));
@@ -216,7 +216,7 @@ TEST_F(TourOnAGivenDatabase, LeavesTheTerminalAsItWas) {
 TEST_F(TourOnAGivenDatabase, LeavesNothingBehindWhereTheReaderGoesAway) {
     const auto before = EveryRow();
     const auto done =
-        RunShell({folder_, InShellQuotes(LUMOSEMINAR_PROGRAM) + " tour --connect " + InShellQuotes(kGiven) + " | head -2"});
+        RunShell({folder_, InShellQuotes(test_support::Program()) + " tour --connect " + InShellQuotes(kGiven) + " | head -2"});
     EXPECT_EQ(Lines(done.screen), 2U) << done.screen;
     EXPECT_EQ(EveryRow(), before);
 }
