@@ -280,7 +280,7 @@ TEST_F(Readme, ATranscriptThatIsNotTrueIsFound) {
     const auto complaints = CheckTranscripts(
         "# One\n"
         "    $ lumoseminar seminars set 35 SemCode=FK-99 --format csv | tail -1 | cut -c1-10\n"
-        "    35,1,FK-99\n"
+        "    35,1,FK-98\n"
         "\n"
         "    $ lumoseminar seminars show 999\n"
         "    lumoseminar: ...999...\n"
@@ -291,6 +291,7 @@ TEST_F(Readme, ATranscriptThatIsNotTrueIsFound) {
         "SemCode\n"
         "...\n"
         "FK-99\n"
+        "...\n"
         "```\n"
         "## Two\n"
         "    $ lumoseminar sql \"select SemCode from Sem_Katalog_IT where SemID = 35\" --format csv\n"
@@ -302,10 +303,10 @@ TEST_F(Readme, ATranscriptThatIsNotTrueIsFound) {
         "    $ lumoseminar nosuch 2>/dev/null\n");
     ASSERT_EQ(complaints.size(), 4U) << complaints.front().text << complaints.back().text;
     EXPECT_EQ(complaints[0].line, 2U);
-    EXPECT_EQ(complaints[1].line, 16U);
+    EXPECT_EQ(complaints[1].line, 17U);
     EXPECT_THAT(complaints[1].text, HasSubstr("is to show\n    SemCode\n    FK-99\nbut shows\n    SemCode\n"));
-    EXPECT_EQ(complaints[2].line, 20U);
-    EXPECT_EQ(complaints[3].line, 22U);
+    EXPECT_EQ(complaints[2].line, 21U);
+    EXPECT_EQ(complaints[3].line, 23U);
     EXPECT_THAT(complaints[3].text, HasSubstr("ends with 2; write"));
 }
 
