@@ -227,9 +227,9 @@ inline LoadedClass FocusAreaOfSeminar() {
         other.OpenSelect(focus_area_statements::SelectKeysOfSeminar(1)).Rows({"SchwerpunktID", "SemID"}, {{1, 1}});
         other.AdoConnection();
         colSemSchwerpunkte list;
-        list.Init(1, other.Session());
+        EXPECT_TRUE(list.Init(1, other.Session()));
         auto focus_area = list.Item(1);
-        focus_area->Init(7, 5, session);
+        EXPECT_TRUE(focus_area->Init(7, 5, session));
         return focus_area;
     };
     loaded.select = focus_area_statements::SelectOfSeminar(5, 7);
@@ -259,7 +259,7 @@ inline LoadedClass FocusAreaOfDate() {
     loaded.name = "clsSemTerminSchwerpunkt";
     loaded.bind = [](const Ref<DataSession>& session) -> Ref<Object> {
         auto focus_area = New<clsSemTerminSchwerpunkt>();
-        focus_area->Init(7, 17, session);
+        EXPECT_TRUE(focus_area->Init(7, 17, session));
         return focus_area;
     };
     loaded.select = focus_area_statements::SelectOfDate(17, 7);

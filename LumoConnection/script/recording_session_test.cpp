@@ -38,13 +38,13 @@ std::string Walk(const Ref<DataSession>& session) {
         }
     };
     tell(static_cast<bool>(session->Connect(kMemory, "lena", "", 30)));
-    session->ExecuteSql("CREATE TABLE Kurs (ID int NOT NULL, Titel nvarchar(40) NULL, CONSTRAINT PK_Kurs PRIMARY KEY (ID))");
-    session->ExecuteSql("INSERT INTO Kurs (ID, Titel) VALUES (1, 'Übung für \"Anfänger\"'),\r\n\t(2, NULL)");
+    (void)session->ExecuteSql("CREATE TABLE Kurs (ID int NOT NULL, Titel nvarchar(40) NULL, CONSTRAINT PK_Kurs PRIMARY KEY (ID))");
+    (void)session->ExecuteSql("INSERT INTO Kurs (ID, Titel) VALUES (1, 'Übung für \"Anfänger\"'),\r\n\t(2, NULL)");
     tell(static_cast<bool>(session->ExecuteSql("INSERT INTO Kurs (ID) VALUES (1)")));
     tell(session->LastErrorText());
-    session->OpenSelect("SELECT ID, Titel FROM Kurs ORDER BY ID");
+    (void)session->OpenSelect("SELECT ID, Titel FROM Kurs ORDER BY ID");
     const auto all = session->Recordset();
-    session->OpenSelect("SELECT Titel FROM Kurs WHERE ID = 9");
+    (void)session->OpenSelect("SELECT Titel FROM Kurs WHERE ID = 9");
     const auto none = session->Recordset();
     tell_rows(all);
     tell_rows(none);
@@ -106,7 +106,7 @@ TEST(Recording, FindsOutAProgramThatHasChanged) {
     recording->Connect(kMemory, "", "", 30);
     recording->ExecuteSql("CREATE TABLE T (a int)");
     Script script = Script::Read(recording->Recorded().FileText());
-    script.Session()->Connect(kMemory, "", "", 30);
+    (void)script.Session()->Connect(kMemory, "", "", 30);
     EXPECT_RAISES(ScriptError::kUnexpectedCall, script.Session()->ExecuteSql("CREATE TABLE T (b int)"));
     EXPECT_THAT(script.Report(), HasSubstr("Step 2 differs: ExecuteSql, statement, at character 17"));
 }
@@ -169,7 +169,7 @@ TEST(Recording, KeepsEachTypeInBothForms) {
                   "LumoScript 1\n\nOpenSelect \"S\"\n  columns \"A\"\n  row " + std::string(texts.second) + "\n");
         Script again = Script::Read(script.FileText());
         EXPECT_EQ(again.FileText(), script.FileText());
-        again.Session()->OpenSelect("S");
+        (void)again.Session()->OpenSelect("S");
         EXPECT_EQ(again.Session()->Recordset()->Fields().Item(0).Value(), value);
     }
     // to the thousandth, as the database gives them
@@ -204,7 +204,7 @@ TEST(Recording, KeepsTheStateOfAConnection) {
               "s.ConnectionOpen(\"Provider=Embedded;Data Source=:memory:\", \"\", \"\", -1);\n"
               "s.AdoConnection().Closed();\n");
     Script script = Script::Read(recording->Recorded().FileText());
-    script.Session()->Connect(kMemory, "", "", 30);
+    (void)script.Session()->Connect(kMemory, "", "", 30);
     EXPECT_EQ(use(*script.Session(), [] {}), states);
     EXPECT_EQ(script.Report(), "");
 }
@@ -233,9 +233,9 @@ TEST(Recording, KeepsWhatIsRaisedAndWhatIsEmpty) {
             return error ? error->Number() : 0;
         };
         std::vector<Int32> numbers = {session.AdoConnection() ? 1 : 0};
-        numbers.push_back(number([&] { session.ExecuteSql("E"); }));
-        numbers.push_back(number([&] { session.OpenSelect("S"); }));
-        session.OpenSelect("S");
+        numbers.push_back(number([&] { (void)session.ExecuteSql("E"); }));
+        numbers.push_back(number([&] { (void)session.OpenSelect("S"); }));
+        (void)session.OpenSelect("S");
         const auto open = session.Recordset();
         numbers.push_back(number([&] { open->Close(); }));
         numbers.push_back(number([&] { open->Close(); }));
@@ -274,7 +274,7 @@ TEST(Recording, KeepsTheCallsOfProcessObjects) {
         starter->ConnectionString("text");
         starter->Verbinden(2, "käthe", "zwei's");
         starter->Starten(8, 42, 17);
-        session.ExecuteSql("DELETE FROM Sem_ProzessStufe_IT");
+        (void)session.ExecuteSql("DELETE FROM Sem_ProzessStufe_IT");
         const auto dispatcher = components.info_dispatcher();
         dispatcher->Initialisieren(8, 42, 1, 4711);
         std::vector<Text> seen = {dispatcher->ProzessStatusText()};

@@ -14,7 +14,7 @@ class Transaction {
     ~Transaction() {
         if (committed_) return;
         try {
-            session_->ExecuteSql("ROLLBACK TRANSACTION");
+            (void)session_->ExecuteSql("ROLLBACK TRANSACTION");
         } catch (...) {
             // The failure that led here is the one to tell; the database takes back what is never committed.
             return;

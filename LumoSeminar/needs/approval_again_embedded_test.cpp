@@ -104,7 +104,7 @@ class ApprovalAgainForReal : public testing::Test {
 TEST_F(ApprovalAgainForReal, AParticipantThatWasRefusedIsWrittenTheSecondTime) {
     AskAndPassTheSuperior();
     session_->refused_words = "INSERT INTO Sem_Teilnehmer_IT";
-    Person()->TeilnahmeGenehmigen(kDate, kDepartment);
+    (void)Person()->TeilnahmeGenehmigen(kDate, kDepartment);
     EXPECT_FALSE(Participant());
     EXPECT_EQ(Count("Sem_ProzessSchritt_IT"), 3);
 

@@ -39,17 +39,17 @@ std::string Program(Ref<DataSession> session, Int32 department = 12) {
     seminar->KostenProTN(Money::FromUnits(1'205'000));
     seminar->WriteToDatabase();
     const auto catalogue = New<colSeminare>();
-    catalogue->Init(1, session);
+    (void)catalogue->Init(1, session);
     for (const auto& entry : catalogue->NewEnum())
         seen << entry->SemTitel() << " " << DefaultText(entry->Stunden()) << "\n";
 
     const auto date = New<clsTermin>();
     date->Init(0, session);
     date->SemID(seminar->SemID());
-    date->WriteToDatabase();
+    (void)date->WriteToDatabase();
     date->Sitzungen(3);
     date->BeginnDatum(DateTime::Of(2010, 11, 2));
-    date->WriteToDatabase();
+    (void)date->WriteToDatabase();
     seen << date->colTerminTage()->Count() << " days up to " << DefaultText(date->EndeDatum()) << "\n";
 
     const auto person = New<clsWBPerson>();

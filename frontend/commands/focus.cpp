@@ -72,7 +72,7 @@ void AddList(Command& focus) {
 // A focus area that could not be made is tied all the same, under a key that stands for nothing.
 bool IsThere(Context& context, clsSemTerminSchwerpunkt& area) {
     const auto stored = New<clsSemTerminSchwerpunkt>();
-    stored->Init(area.SchwerpunktID(), area.SemTerminID(), context.Session());
+    if (!stored->Init(area.SchwerpunktID(), area.SemTerminID(), context.Session())) return false;
     return !stored->WBS().empty();
 }
 
@@ -80,7 +80,7 @@ int Tie(Context& context, Int32 key, const std::string& name) {
     if (name.empty()) throw UsageError("NAME: a focus area has a name.");
     DateOf(context, key);
     const auto area = New<clsSemTerminSchwerpunkt>();
-    area->Init(0, key, context.Session());
+    if (!area->Init(0, key, context.Session())) RaiseRefused(context.Session()->LastErrorText());
     area->WBS(name);
     if (!area->WriteToDatabase()) RaiseRefused(context.Session()->LastErrorText());
     const bool is_new = area->SchwerpunktID() != 0;

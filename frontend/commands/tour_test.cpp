@@ -215,8 +215,8 @@ TEST_F(TourOnAGivenDatabase, LeavesTheTerminalAsItWas) {
 
 TEST_F(TourOnAGivenDatabase, LeavesNothingBehindWhereTheReaderGoesAway) {
     const auto before = EveryRow();
-    const auto done =
-        RunShell({folder_, InShellQuotes(test_support::Program()) + " tour --connect " + InShellQuotes(kGiven) + " | head -2"});
+    const auto done = RunShell(
+        {folder_, InShellQuotes(test_support::Program()) + " tour --connect " + InShellQuotes(kGiven) + " | head -2"});
     EXPECT_EQ(Lines(done.screen), 2U) << done.screen;
     EXPECT_EQ(EveryRow(), before);
 }

@@ -77,7 +77,7 @@ class ApprovalChapter {
         record->MDNR(client_);
         record->ANNr(ground_.Enrolled().number);
         record->TeilnehmerKosten(120);
-        record->WriteToDatabase(kUser);
+        Demand(record->WriteToDatabase(kUser), session_);
         before_ = Names();
         free_before_ = Fresh(*date_, session_)->AnzFreiePlaetze();
         page_.Outcome(before_.size() == 1 && free_before_ == kPlaces - 1,
@@ -132,7 +132,8 @@ class ApprovalChapter {
                     rows += fmt::format("{}({}, {}, {})", rows.empty() ? "" : ", ", module, stage,
                                         stage == stages.back() ? department_ : superior_);
                 }
-                session_->ExecuteSql(fmt::format("INSERT INTO {} (ModulNr, Stufe, UserID) VALUES {}", kRights, rows));
+                Demand(session_->ExecuteSql(fmt::format("INSERT INTO {} (ModulNr, Stufe, UserID) VALUES {}", kRights, rows)),
+                       session_);
             }
         });
         page_.Outcome(RightsOfTour() == rights, fmt::format("superior {}, training department {}", superior_, department_));
@@ -299,12 +300,15 @@ class ApprovalChapter {
             RemoveSteps(kNeeds, need_);
         }
         if (superior_ != 0)
-            session_->ExecuteSql(fmt::format("DELETE FROM {} WHERE UserID = {} OR UserID = {}", kRights, superior_, department_));
+            Demand(session_->ExecuteSql(
+                       fmt::format("DELETE FROM {} WHERE UserID = {} OR UserID = {}", kRights, superior_, department_)),
+                   session_);
         RemoveTourDate(*date_, session_);
     }
 
     void RemoveSteps(Int32 module, Int32 key) {
-        session_->ExecuteSql(fmt::format("DELETE FROM {} WHERE ModulNr = {} AND SchluesselID = {}", kSteps, module, key));
+        Demand(session_->ExecuteSql(fmt::format("DELETE FROM {} WHERE ModulNr = {} AND SchluesselID = {}", kSteps, module, key)),
+               session_);
     }
 
     TourGround& ground_;

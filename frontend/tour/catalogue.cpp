@@ -130,7 +130,7 @@ class CatalogueChapter {
         const auto seminar = Own();
         page_.Call("seminar->Status()", [&] { seminar->Status(); });
         seminar->Status(0);
-        page_.Call("seminar->Status(0), seminar->UpdateDatabase()", [&] { seminar->UpdateDatabase(); });
+        page_.Call("seminar->Status(0), seminar->UpdateDatabase()", [&] { Demand(seminar->UpdateDatabase(), session_); });
         const Int32 in_object = seminar->Status();
         const Int32 stored = Own()->Status();
         page_.Outcome(in_object == 0 && stored == 1,
@@ -161,7 +161,8 @@ class CatalogueChapter {
         page_.Step(fmt::format("Client {} sees the common seminars, too", other_client),
                    "Another client has its own catalogue. The seminars common to all are in both.");
         const auto other = New<colSeminare>();
-        page_.Call(fmt::format("other->Init({}, session)", other_client), [&] { other->Init(other_client, session_); });
+        page_.Call(fmt::format("other->Init({}, session)", other_client),
+                   [&] { Demand(other->Init(other_client, session_), session_); });
         const bool one_statement = page_.Sent() == 1;
         std::set<Int32> common;
         bool strangers = false;

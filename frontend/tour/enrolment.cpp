@@ -91,7 +91,7 @@ class EnrolmentChapter {
 
     void Write(clsTermin& date, const Ref<clsTeilnehmer>& record) {
         record->TeilnehmerKosten(120);
-        record->WriteToDatabase(kUser);
+        Demand(record->WriteToDatabase(kUser), session_);
         date.clscolTeilnehmer()->ChangeKey(kNewRecord, record->Key());
     }
 
@@ -153,7 +153,7 @@ class EnrolmentChapter {
             record_->Teilnahme(0);
             record_->storniertam(TourDay(28));
             record_->StornoKosten(25);
-            record_->WriteToDatabase(kUser);
+            Demand(record_->WriteToDatabase(kUser), session_);
         });
         page_.Call("record->StornoTeilnehmerInWarteliste()   // twice", [&] {
             record_->StornoTeilnehmerInWarteliste();
@@ -169,7 +169,7 @@ class EnrolmentChapter {
     void RemoveAll() {
         if (entry_ != 0) {
             for (const char* table : {"Sem_WartelisteSem_IT", "Sem_WartelisteTermin_IT", "Sem_Warteliste_IT"}) {
-                session_->ExecuteSql(fmt::format("DELETE FROM {} WHERE SemWarteListeID = {}", table, entry_));
+                Demand(session_->ExecuteSql(fmt::format("DELETE FROM {} WHERE SemWarteListeID = {}", table, entry_)), session_);
             }
         }
         for (const auto& date : {first_, second_}) RemoveTourDate(*date, session_);

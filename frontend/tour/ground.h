@@ -67,6 +67,11 @@ struct TourGround {
     }
 };
 
+/// Raises 9999 with what the session tells where something was not done.
+inline void Demand(LumoSeminar::Bool done, const LumoSeminar::Ref<LumoSeminar::DataSession>& session) {
+    if (!done) LumoSeminar::RaiseRefused(session->LastErrorText());
+}
+
 /// Takes back what the tour has added, where it breaks off before it has done so itself.
 class TakeBack {
   public:

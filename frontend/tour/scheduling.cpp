@@ -130,7 +130,7 @@ class SchedulingChapter {
     void SaveDate() {
         page_.Step("Save it", "Only now the row of the date changes. All its days take its times, also those edited one by one.");
         page_.Call(
-            "date->WriteToDatabase()", [&] { date_->WriteToDatabase(); },
+            "date->WriteToDatabase()", [&] { Demand(date_->WriteToDatabase(), session_); },
             [&] { return fmt::format("{}: the update, the list of the days, and one a day", page_.Sent()); });
         const auto stored = Stored();
         page_.Outcome(
@@ -143,7 +143,8 @@ class SchedulingChapter {
                    "One statement lists them with end, title and code. What a tree groups them by comes "
                    "from the database as well, here the months.");
         const auto dates = New<colTermine>();
-        page_.Call(fmt::format("dates->Init(-1, {}, session)", client_), [&] { dates->Init(-1, client_, session_); });
+        page_.Call(fmt::format("dates->Init(-1, {}, session)", client_),
+                   [&] { Demand(dates->Init(-1, client_, session_), session_); });
         const auto listed = dates->Item(date_->Key());
         const bool known = page_.Sent() == 1 && listed && listed->Titel(false) == date_->Titel();
         Ref<RecordSet> months;
@@ -166,7 +167,7 @@ class SchedulingChapter {
             "for (const auto& day : days->NewEnum()) days->Remove(day->Key())", [&] { RemoveDays(); },
             [&] { return fmt::format("{}: the list, and one a day", page_.Sent()); });
         const auto dates = New<colTermine>();
-        dates->Init(-1, client_, session_);
+        Demand(dates->Init(-1, client_, session_), session_);
         const Text key = date_->Key();
         Bool removed;
         page_.Call(fmt::format("dates->Remove(\"{}\")", key), [&] { removed = dates->Remove(key); });
@@ -204,7 +205,7 @@ class SchedulingChapter {
 
     void RemoveAll() {
         RemoveDays();
-        Stored()->DeleteFromDatabase();
+        Demand(Stored()->DeleteFromDatabase(), session_);
         if (series_->SerienID() != 0) series_->DeleteOldSerie(series_->SerienID());
     }
 

@@ -69,9 +69,9 @@ void PlanTourDate(clsTermin& date, const Ref<DataSession>& session, Int32 client
     date.KostenProTN(Money(120));
     date.BeginnUhrzeit(DateTime::TimeOfDay(9, 0));
     date.EndeUhrzeit(DateTime::TimeOfDay(17, 0));
-    date.WriteToDatabase();
+    Demand(date.WriteToDatabase(), session);
     date.BeginnDatum(DayOfTourDate());
-    date.WriteToDatabase();
+    Demand(date.WriteToDatabase(), session);
 }
 
 Ref<clsTermin> Fresh(clsTermin& date, const Ref<DataSession>& session) {
@@ -88,7 +88,7 @@ void RemoveTourDate(clsTermin& date, const Ref<DataSession>& session) {
     }
     const auto days = fresh->colTerminTage();
     for (const auto& day : days->NewEnum()) days->Remove(day->Key());
-    Fresh(date, session)->DeleteFromDatabase();
+    Demand(Fresh(date, session)->DeleteFromDatabase(), session);
 }
 
 }  // namespace frontend
