@@ -21,6 +21,10 @@ namespace {
 constexpr const char* kRemark =
     "General options may stand before or behind the command.\n"
     "\n"
+    "Values: a day is typed as 1.3.2027 or 2027-03-01, as today, tomorrow or yesterday (heute, morgen, gestern), counted "
+    "from today as +7d, -3d or +2w, or as a weekday, Mo or Monday: the next one, today where it is one. A time of day is "
+    "typed as 9:00, 09.30 or 9h. Numbers and amounts have a point or a comma, and no mark for the thousands.\n"
+    "\n"
     "Formats: a table is for people; json and csv are for programs. In JSON money is a number with two to four decimals, "
     "written out exactly (a reader that takes numbers as doubles may round it from 15 digits on), a moment is a text "
     "\"yyyy-mm-ddThh:mm:ss\", NULL is null. In CSV NULL is nothing, the empty text \"\".\n"

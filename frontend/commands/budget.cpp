@@ -53,7 +53,7 @@ void AddBudget(Command& program) {
     list.Does([](Context& context) { return List(context); });
     auto& of = budget.Add("of", "Show the budget year that a day lies in");
     const auto day = std::make_shared<std::string>();
-    of.Argument("DAY", day.get(), "The day, as 31.12.2010 or 2010-12-31").Required();
+    of.Argument("DAY", day.get(), "The day, as 1.3.2027, today or +7d").Required();
     of.Does([day](Context& context) { return Of(context, ReadDay("DAY", *day)); });
 }
 

@@ -66,8 +66,10 @@ TEST_F(BudgetCommand, ARefusedSelectIsToldWithItsLabels) {
 
 TEST_F(BudgetCommand, WrongUsage) {
     ExpectUsage(Run({"budget"}), "A command is missing: list, of.", "budget");
-    ExpectUsage(Run({"budget", "of"}), "DAY is missing: The day, as 31.12.2010 or 2010-12-31.", "budget of");
-    ExpectUsage(Run({"budget", "of", "2010"}), "DAY: \"2010\" is not a day; write it as 31.12.2010 or 2010-12-31.", "budget of");
+    ExpectUsage(Run({"budget", "of"}), "DAY is missing: The day, as 1.3.2027, today or +7d.", "budget of");
+    ExpectUsage(Run({"budget", "of", "2010"}),
+                "DAY: \"2010\" is not a day; write it as 1.3.2027 or 2027-03-01, or as today, tomorrow, Mo or +7d.",
+                "budget of");
 }
 
 }  // namespace

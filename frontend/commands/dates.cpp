@@ -154,8 +154,7 @@ void AddAdd(Command& dates) {
     command.Remark(
         "The key is the greatest one plus 1. Client, title, content, clerk, limits, hours, sessions, series and costs\n"
         "come from the seminar where they are not typed. From --begin on there is a day for each session: by the\n"
-        "series, otherwise one day after the other. Without --begin the date stays open.\n"
-        "Days are typed as 31.12.2010 or 2010-12-31, times as 09:30, numbers with a point.");
+        "series, otherwise one day after the other. Without --begin the date stays open.");
     command.Does([values](Context& context) { return Add(context, ReadDateChanges(*values, {})); });
 }
 
@@ -215,8 +214,7 @@ void AddSet(Command& dates) {
     command.Remark(
         "Another BeginnDatum deletes all days and makes as many as there are Sitzungen, by the series, otherwise one\n"
         "day after the other. Another EndeDatum adds days behind the last one or deletes those behind it. Every save\n"
-        "gives all days the times of the date. A day or a time is taken away by typing none, as in StornoDatum=.\n"
-        "Days are typed as 31.12.2010 or 2010-12-31, times as 09:30, numbers with a point.");
+        "gives all days the times of the date. A day or a time is taken away by typing none, as in StornoDatum=.");
     command.Does([typed, values](Context& context) {
         const Int32 key = ReadInt32("KEY", typed->key);
         return Set(context, key, ReadDateChanges(*values, typed->pairs));

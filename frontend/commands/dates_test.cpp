@@ -363,16 +363,16 @@ TEST_F(DatesCommand, WrongUsageChangesNothing) {
     const auto before = Date(61);
     ExpectUsage(Run({"dates", "show", "x"}), "KEY: \"x\" is not a whole number.", "dates show");
     ExpectUsage(Run({"dates", "add"}), "--seminar is missing: Key of the seminar (SemID).", "dates add");
-    ExpectUsage(Run({"dates", "add", "--seminar", "9", "--begin", "3.3.2010"}),
-                "--begin: \"3.3.2010\" is not a day; write it as 31.12.2010 or 2010-12-31.", "dates add");
+    ExpectUsage(Run({"dates", "add", "--seminar", "9", "--begin", "3.3."}),
+                "--begin: \"3.3.\" has no year; write it with four digits, as in 1.3.2027.", "dates add");
     ExpectUsage(Run({"dates", "set", "61"}), "Nothing to set: name a column and its value.", "dates set");
     ExpectUsage(Run({"dates", "set", "61", "SemTitel=A"}), "A date has no column \"SemTitel\".", "dates set");
     ExpectUsage(Run({"dates", "set", "61", "SemTerminID=7"}), "SemTerminID is the key and cannot be changed.", "dates set");
     ExpectUsage(Run({"dates", "set", "61", "Titel=A", "Status=256"}), "Status: \"256\" does not fit: 0 to 255.", "dates set");
     ExpectUsage(Run({"dates", "set", "61", "BeginnDatum=30.02.2010"}),
                 "BeginnDatum: \"30.02.2010\" is not in the calendar.", "dates set");
-    ExpectUsage(Run({"dates", "set", "61", "BeginnUhrzeit=9"}),
-                "BeginnUhrzeit: \"9\" is not a time of day; write it as 09:30.", "dates set");
+    ExpectUsage(Run({"dates", "set", "61", "BeginnUhrzeit=neun"}),
+                "BeginnUhrzeit: \"neun\" is not a time of day; write it as 9:00 or 09.30.", "dates set");
     ExpectUsage(Run({"dates", "remove"}), "KEY is missing: SemTerminID of each date.", "dates remove");
     EXPECT_EQ(Date(61), before);
 }

@@ -96,8 +96,8 @@ void AddAdd(Command& days) {
     auto& command = days.Add("add", "Add a day to a date and show it as it is stored");
     const auto options = std::make_shared<AddOptions>();
     AddDateOption(command, options->date);
-    command.Argument("DAY", &options->day, "The day, as 31.12.2010 or 2010-12-31").Required();
-    command.Option("--from", &options->from, "TIME", "Time at which it starts, as 09:30 [that of the date]");
+    command.Argument("DAY", &options->day, "The day, as 1.3.2027, today or +7d").Required();
+    command.Option("--from", &options->from, "TIME", "Time at which it starts, as 9:00 [that of the date]");
     command.Option("--to", &options->to, "TIME", "Time at which it ends [that of the date]");
     command.Remark(
         "First and last day of the date stay as they are. The next save of the date gives all its days the times of\n"
@@ -138,7 +138,7 @@ void AddRemove(Command& days) {
     auto& command = days.Add("remove", "Remove days of a date; none where the date has not all of them");
     const auto typed = std::make_shared<Typed>();
     AddDateOption(command, typed->date);
-    command.Argument("DAY", &typed->days, "Each day, as 31.12.2010 or 2010-12-31").Required();
+    command.Argument("DAY", &typed->days, "Each day, as 1.3.2027, today or +7d").Required();
     command.Remark("First and last day of the date stay as they are.");
     command.Does([typed](Context& context) {
         const Int32 key = ReadInt32("DATE", typed->date);

@@ -141,14 +141,15 @@ TEST_F(DaysCommand, WrongUsageChangesNothing) {
     ExpectUsage(Run({"days", "list", "60", "--calendar", "--format", "json"}),
                 "The calendar is for people: it has no other format than table.", "days list");
     ExpectUsage(Run({"days", "list", "60", "--weeks"}), "--weeks goes with --calendar only.", "days list");
-    ExpectUsage(Run({"days", "add", "60"}), "DAY is missing: The day, as 31.12.2010 or 2010-12-31.", "days add");
-    ExpectUsage(Run({"days", "add", "60", "1.9.2010"}),
-                "DAY: \"1.9.2010\" is not a day; write it as 31.12.2010 or 2010-12-31.", "days add");
+    ExpectUsage(Run({"days", "add", "60"}), "DAY is missing: The day, as 1.3.2027, today or +7d.", "days add");
+    ExpectUsage(Run({"days", "add", "60", "1.9.10"}),
+                "DAY: \"1.9.10\" has a short year; write it with four digits, as in 1.3.2027.", "days add");
     ExpectUsage(Run({"days", "add", "60", "31.09.2010"}), "DAY: \"31.09.2010\" is not in the calendar.", "days add");
     ExpectUsage(Run({"days", "add", "60", "01.09.2010", "--from", "24:00"}),
-                "--from: \"24:00\" is not on the clock: 00:00 to 23:59.", "days add");
-    ExpectUsage(Run({"days", "remove", "60", "2010-09-02", "morgen"}),
-                "DAY: \"morgen\" is not a day; write it as 31.12.2010 or 2010-12-31.", "days remove");
+                "--from: \"24:00\" is not on the clock: 0:00 to 23:59.", "days add");
+    ExpectUsage(Run({"days", "remove", "60", "2010-09-02", "bald"}),
+                "DAY: \"bald\" is not a day; write it as 1.3.2027 or 2027-03-01, or as today, tomorrow, Mo or +7d.",
+                "days remove");
     EXPECT_EQ(Days(60), kModules);
 }
 

@@ -315,7 +315,7 @@ TEST_F(EnrolCommand, WrongUsageWritesNothing) {
     ExpectUsage(Run({"participants", "enrol", "78", "Kölbl"}), "PERSON: \"Kölbl\" is not a whole number.", enrol);
     ExpectUsage(Run(Enrol(78, 130, {"--kind", "guest"})), "--kind: \"guest\" is none of employee, applicant, worker.", enrol);
     ExpectUsage(Run(Enrol(78, 130, {"--begin", "24.11."})),
-                "--begin: \"24.11.\" is not a day; write it as 31.12.2010 or 2010-12-31.", enrol);
+                "--begin: \"24.11.\" has no year; write it with four digits, as in 1.3.2027.", enrol);
     ExpectUsage(Run(Enrol(78, 130, {"--mdnr", "2"})), "There is no option --mdnr.", enrol);
     EXPECT_EQ(Participants(), before);
 }

@@ -101,7 +101,7 @@ void AddSet(Command& participants) {
     const auto values = ParticipantColumns().AddOptions(command);
     command.Remark(
         "Nothing is checked as with enrol. Days and times that are typed as nothing at all, as in BeginnDatum=, become\n"
-        "those of the date. Days are typed as 31.12.2010 or 2010-12-31, times as 09:30.");
+        "those of the date.");
     command.Does([typed, values](Context& context) {
         const Int32 key = ReadInt32("KEY", typed->key);
         return Set(context, key, ParticipantColumns().ReadChanges(*values, typed->pairs));
@@ -160,7 +160,7 @@ void AddCancel(Command& participants) {
     auto& command = participants.Add("cancel", "Cancel an enrolment and show the record as it is stored");
     const auto options = std::make_shared<CancelOptions>();
     AddKeyOption(command, options->key);
-    command.Option("--on", &options->on, "DAY", "Day of cancellation, as 31.12.2010 or 2010-12-31 [today]");
+    command.Option("--on", &options->on, "DAY", "Day of cancellation, as 1.3.2027, today or +7d [today]");
     command.Option("--reason", &options->reason, "N", "Code of the reason (StornoGrund) [0, none]");
     command.Option("--cost", &options->cost, "N", "Costs in whole units (StornoKosten) [0]");
     command.Flag("--to-waitlist", options->to_waitlist,

@@ -378,16 +378,17 @@ TEST_F(ParticipantsCommand, WrongUsageChangesNothing) {
     ExpectUsage(Run({"participants", "set", "505", "Bemerkung=A", "--attendance", "40000"}),
                 "--attendance: \"40000\" does not fit: -32768 to 32767.", set);
     const char* const cancel = "participants cancel";
-    ExpectUsage(Run({"participants", "cancel", "505", "--on", "gestern"}),
-                "--on: \"gestern\" is not a day; write it as 31.12.2010 or 2010-12-31.", cancel);
+    ExpectUsage(Run({"participants", "cancel", "505", "--on", "neulich"}),
+                "--on: \"neulich\" is not a day; write it as 1.3.2027 or 2027-03-01, or as today, tomorrow, Mo or +7d.",
+                cancel);
     ExpectUsage(Run({"participants", "cancel", "505", "--cost", "49.90"}), "--cost: \"49.90\" is not a whole number.", cancel);
     ExpectUsage(Run({"participants", "cancel", "505", "--reason", "krank"}),
                 "--reason: \"krank\" is not a whole number.", cancel);
     ExpectUsage(Run({"participants", "remove"}), "KEY is missing: TeilnehmerID of each participant.", "participants remove");
     ExpectUsage(Run({"participants", "remove", "505", "x"}), "KEY: \"x\" is not a whole number.", "participants remove");
     const char* const costs = "participants costs";
-    ExpectUsage(Run({"participants", "costs", "505", "--add", "1,5"}),
-                "--add: \"1,5\" is not an amount; write it with a point, as in 149.50.", costs);
+    ExpectUsage(Run({"participants", "costs", "505", "--add", "viel"}),
+                "--add: \"viel\" is not an amount; write it as 149.50 or 149,50.", costs);
     ExpectUsage(Run({"participants", "costs", "505", "--centre", "4320"}), "--centre goes with --add only.", costs);
     ExpectUsage(Run({"participants", "costs", "505", "--type", "1"}), "--type goes with --add only.", costs);
     EXPECT_EQ(Row(505), before);

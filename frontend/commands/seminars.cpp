@@ -91,9 +91,7 @@ void AddAdd(Command& seminars) {
     auto& command = seminars.Add("add", "Add a seminar and show it as it is stored");
     const auto values = SeminarColumns().AddOptions(command);
     command.OptionNamed("--title").Required();
-    command.Remark(
-        "The key is the greatest one plus 1. Without --mdnr the seminar belongs to the client.\n"
-        "Numbers are typed with a point.");
+    command.Remark("The key is the greatest one plus 1. Without --mdnr the seminar belongs to the client.");
     command.Does([values](Context& context) { return Add(context, SeminarColumns().ReadChanges(*values, {})); });
 }
 

@@ -146,11 +146,9 @@ void LetWeekdays(clsSerie& series, std::string_view typed) {
         const auto end = std::min(typed.find(',', at), typed.size());
         auto name = typed.substr(at, end - at);
         name.remove_prefix(std::min(name.find_first_not_of(' '), name.size()));
-        const auto weekday = std::ranges::find_if(kWeekdays, [&](const Col& one) { return IsSameName(one.name, name); });
-        if (weekday == kWeekdays.end()) {
-            throw UsageError(fmt::format("--on: {} is none of Mo, Di, Mi, Do, Fr, Sa, So.", OneLine(name)));
-        }
-        Change<clsSerie>{&*weekday, kFlagged}.LetInto(series);
+        const auto weekday = WeekdayOf(name);
+        if (!weekday) throw UsageError(fmt::format("--on: {} is none of Mo, Di, Mi, Do, Fr, Sa, So.", OneLine(name)));
+        Change<clsSerie>{&kWeekdays[To<std::size_t>(Int32{*weekday})], kFlagged}.LetInto(series);
         at = end + 1;
     }
 }
@@ -187,7 +185,7 @@ int Add(Context& context, const AddOptions& options) {
 void AddAdd(Command& series) {
     auto& command = series.Add("add", "Add a series and show it as it is stored");
     const auto options = std::make_shared<AddOptions>();
-    command.Option("--begin", &options->begin, "TIME", "Time at which each session starts, as 09:30").Required();
+    command.Option("--begin", &options->begin, "TIME", "Time at which each session starts, as 9:00").Required();
     command.Option("--end", &options->end, "TIME", "Time at which each session ends").Required();
     command.Flag("--daily", options->daily, "Every day");
     command.Flag("--workdays", options->workdays, "Every day from Monday to Friday");

@@ -122,8 +122,8 @@ TEST_F(SeriesCommand, WrongUsageAddsNothing) {
     ExpectUsage(Run(Add({"--weekly", "0", "--on", "Mo"})), "--weekly: every how many weeks; 1 or more.", add);
     ExpectUsage(Run(Add({"--weekly", "1", "--on", "Mo,Tu"})), "--on: \"Tu\" is none of Mo, Di, Mi, Do, Fr, Sa, So.", add);
     ExpectUsage(Run(Add({"--weekly", "1", "--on", "Mo,"})), "--on: \"\" is none of Mo, Di, Mi, Do, Fr, Sa, So.", add);
-    ExpectUsage(Run({"series", "add", "--begin", "9", "--end", "10:00", "--daily"}),
-                "--begin: \"9\" is not a time of day; write it as 09:30.", add);
+    ExpectUsage(Run({"series", "add", "--begin", "neun", "--end", "10:00", "--daily"}),
+                "--begin: \"neun\" is not a time of day; write it as 9:00 or 09.30.", add);
     EXPECT_EQ(Json({"series", "list"}).size(), 7U);
 }
 
