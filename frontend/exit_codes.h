@@ -16,4 +16,10 @@ class UsageError : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
+/// What was typed means more than one thing: ends the program with kRefused. The text lists what it may mean, a line each.
+class Undecided : public std::runtime_error {
+  public:
+    using std::runtime_error::runtime_error;
+};
+
 }  // namespace frontend

@@ -11,6 +11,7 @@
 #include "frontend/commands/columns.h"
 #include "frontend/commands/commands.h"
 #include "frontend/commands/lists.h"
+#include "frontend/commands/look_ups.h"
 #include "frontend/commands/need_record.h"
 #include "frontend/commands/persons.h"
 #include "frontend/commands/requests.h"
@@ -131,7 +132,7 @@ int Consent(Context& context, const ConsentOptions& options) {
     const Int32 date = ReadInt32("DATE", options.date);
     const Int32 user = ReadUser(options.user);
     if (options.need) return ConsentForNeed(context, date, ReadInt32("--need", *options.need), user);
-    const Int32 person = ReadInt32("PERSON", *options.person);
+    const Int32 person = ReadPerson(context, "PERSON", *options.person);
     return ConsentForPerson(context, RequestOf(context, date, person), user, options.elsewhere);
 }
 
@@ -169,8 +170,8 @@ int TellApproval(Context& context, const Request& request, const Ref<clsSemWarte
 
 int Approve(Context& context, const ApproveOptions& options) {
     const Int32 date = ReadInt32("DATE", options.date);
-    const Int32 person = ReadInt32("PERSON", options.person);
     const Int32 user = ReadUser(options.user);
+    const Int32 person = ReadPerson(context, "PERSON", options.person);
     const auto request = RequestOf(context, date, person);
     const auto entry = EntryOf(context, person, date);
     if (!entry) return TellNoEntry(request);
@@ -193,8 +194,8 @@ int Approve(Context& context, const ApproveOptions& options) {
 
 int Withdraw(Context& context, const TypedRequest& typed) {
     const Int32 date = ReadInt32("DATE", typed.date);
-    const Int32 person = ReadInt32("PERSON", typed.person);
     const Int32 user = ReadUser(typed.user);
+    const Int32 person = ReadPerson(context, "PERSON", typed.person);
     const auto request = RequestOf(context, date, person);
     const auto entry = EntryOf(context, person, date);
     if (!entry) return TellNoEntry(request);
@@ -211,7 +212,7 @@ void AddConsent(Command& program) {
     auto& command = program.Add("consent", "Consent that a person attends a date, or to a training need with a date");
     const auto options = std::make_shared<ConsentOptions>();
     TakeDate(command, &options->date);
-    command.Argument("PERSON", &options->person, "Number of the employee");
+    command.Argument("PERSON", &options->person, "Number or name of the employee").Naming(Names::kPerson);
     command.Option("--need", &options->need, "N", "WBID of the training need, in place of PERSON");
     AddUserOption(command, options->user, "Number of the user who consents").Required();
     command.Flag("--elsewhere", options->elsewhere, kElsewhereHelp).Excludes("--need");

@@ -351,11 +351,11 @@ TEST_F(ApprovalCommands, WrongUsageChangesNothing) {
     ExpectUsage(Run({"consent", "71", "--user-id", "1"}), "Give one of PERSON and --need KEY.", "consent");
     ExpectUsage(Run({"consent", "71", "130", "--need", "1", "--user-id", "1"}), "Give one of PERSON and --need KEY.", "consent");
     ExpectUsage(Run({"consent", "71", "--need", "x", "--user-id", "1"}), "--need: \"x\" is not a whole number.", "consent");
-    ExpectUsage(Run({"consent", "71", "Kölbl", "--user-id", "1"}), "PERSON: \"Kölbl\" is not a whole number.", "consent");
+    ExpectUsage(Run({"consent", "71", "!", "--user-id", "1"}), "PERSON: \"!\" is neither a number nor a name.", "consent");
     ExpectUsage(Run(With(ForNeed(71, 31, kFirst), {"--elsewhere"})), "Give --need or --elsewhere, not both.", "consent");
     for (const auto& [command, user] : {std::pair<std::string, std::string>{"approve", "Number of the user who decides"},
                                         {"withdraw", "Number of the user who withdraws it"}}) {
-        ExpectUsage(Run({command, "71", "--user-id", "1"}), "PERSON is missing: Number of the employee.", command);
+        ExpectUsage(Run({command, "71", "--user-id", "1"}), "PERSON is missing: Number or name of the employee.", command);
         ExpectUsage(Run({command, "71", "130"}), "--user-id is missing: " + user + ".", command);
         ExpectUsage(Run({command, "x", "130", "--user-id", "1"}), "DATE: \"x\" is not a whole number.", command);
         ExpectUsage(Run({command, "71", "130", "--user-id", "lena"}), "--user-id: \"lena\" is not a whole number.", command);

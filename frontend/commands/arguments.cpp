@@ -7,11 +7,12 @@ Parameter& TakeDate(Command& command, Parameter::Target typed) {
 }
 
 Parameter& TakeEmployee(Command& command, Parameter::Target typed) {
-    return command.Argument("PERSON", typed, "Number of the employee").Required().Naming(Names::kPerson);
+    return command.Argument("PERSON", typed, "Number or name of the employee").Required().Naming(Names::kPerson);
 }
 
 Parameter& TakePerson(Command& command, Parameter::Target typed) {
-    return command.Argument("PERSON", typed, "Number of the employee, key of the applicant or temporary worker")
+    return command
+        .Argument("PERSON", typed, "Number or name of the employee, key or name of the applicant or temporary worker")
         .Required()
         .Naming(Names::kPerson);
 }

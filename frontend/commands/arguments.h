@@ -9,10 +9,10 @@ namespace frontend {
 /// DATE, the key of a date.
 Parameter& TakeDate(Command& command, Parameter::Target typed);
 
-/// PERSON, an employee.
+/// PERSON, an employee, for ReadPerson.
 Parameter& TakeEmployee(Command& command, Parameter::Target typed);
 
-/// PERSON, of any kind.
+/// PERSON, of any kind, for ReadPerson.
 Parameter& TakePerson(Command& command, Parameter::Target typed);
 
 }  // namespace frontend

@@ -6,6 +6,7 @@
 #include "frontend/commands/arguments.h"
 #include "frontend/commands/commands.h"
 #include "frontend/commands/lists.h"
+#include "frontend/commands/look_ups.h"
 #include "frontend/commands/persons.h"
 #include "frontend/context.h"
 #include "frontend/exit_codes.h"
@@ -31,8 +32,8 @@ struct CheckOptions {
 
 int Check(Context& context, const CheckOptions& options) {
     const Int32 date = ReadInt32("DATE", options.date);
-    const Int32 key = ReadInt32("PERSON", options.person);
     const auto kind = ReadKind(options.kind);
+    const Int32 key = ReadPerson(context, "PERSON", options.person, kind);
     DateOf(context, date);
     const auto person = PersonOf(context, key, kind);
     const auto findings =

@@ -108,9 +108,10 @@ TEST_F(CheckCommand, WhatIsNotThere) {
 
 TEST_F(CheckCommand, WrongUsage) {
     ExpectUsage(Run({"check", "78"}),
-                "PERSON is missing: Number of the employee, key of the applicant or temporary worker.", "check");
+                "PERSON is missing: Number or name of the employee, key or name of the applicant or temporary worker.",
+                "check");
     ExpectUsage(Run({"check", "x", "130"}), "DATE: \"x\" is not a whole number.", "check");
-    ExpectUsage(Run({"check", "78", "x"}), "PERSON: \"x\" is not a whole number.", "check");
+    ExpectUsage(Run({"check", "78", "1.5"}), "PERSON: \"1.5\" is neither a number nor a name.", "check");
     ExpectUsage(Run({"check", "78", "130", "--kind", "guest"}),
                 "--kind: \"guest\" is none of employee, applicant, worker.", "check");
     ExpectUsage(Run({"check", "78", "130", "--force"}), "There is no option --force.", "check");

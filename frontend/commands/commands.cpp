@@ -4,10 +4,11 @@ namespace frontend {
 
 namespace {
 
-constexpr void (*kCommands[])(Command&) = {AddInit,         AddSeminars, AddDates,    AddDays,    AddSeries,
-                                           AddParticipants, AddWaitlist, AddInterest, AddNeeds,   AddConsent,
-                                           AddCheck,        AddApprove,  AddWithdraw, AddPersons, AddFocus,
-                                           AddBudget,       AddSql,      AddTables,   AddTour};
+constexpr void (*kCommands[])(Command&) = {AddInit,         AddSeminars,   AddDates,    AddDays,    AddSeries,
+                                           AddParticipants, AddWaitlist,   AddInterest, AddNeeds,   AddConsent,
+                                           AddCheck,        AddApprove,    AddWithdraw, AddPersons, AddFocus,
+                                           AddTargets,      AddOrganisers, AddVenues,   AddClerks,  AddCostTypes,
+                                           AddUsers,        AddBudget,     AddSql,      AddTables,  AddTour};
 
 }  // namespace
 

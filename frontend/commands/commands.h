@@ -8,20 +8,26 @@ namespace frontend {
 void AddApprove(Command& program);
 void AddBudget(Command& program);
 void AddCheck(Command& program);
+void AddClerks(Command& program);
 void AddConsent(Command& program);
+void AddCostTypes(Command& program);
 void AddDates(Command& program);
 void AddDays(Command& program);
 void AddFocus(Command& program);
 void AddInit(Command& program);
 void AddInterest(Command& program);
 void AddNeeds(Command& program);
+void AddOrganisers(Command& program);
 void AddParticipants(Command& program);
 void AddPersons(Command& program);
 void AddSeminars(Command& program);
 void AddSeries(Command& program);
 void AddSql(Command& program);
 void AddTables(Command& program);
+void AddTargets(Command& program);
 void AddTour(Command& program);
+void AddUsers(Command& program);
+void AddVenues(Command& program);
 void AddWaitlist(Command& program);
 void AddWithdraw(Command& program);
 

@@ -8,9 +8,11 @@
 #include "frontend/commands/arguments.h"
 #include "frontend/commands/commands.h"
 #include "frontend/commands/lists.h"
+#include "frontend/commands/look_ups.h"
 #include "frontend/context.h"
 #include "frontend/exit_codes.h"
 #include "frontend/output/counted.h"
+#include "frontend/quoted.h"
 #include "frontend/read_value.h"
 
 namespace frontend {
@@ -45,22 +47,27 @@ struct ListOptions {
 };
 
 int List(Context& context, const ListOptions& options) {
-    if (options.seminar.has_value() == options.date.has_value())
-        throw UsageError("Give one of --seminar N and --date N.");
+    if (options.seminar && options.date) throw UsageError("Give one of --seminar N and --date N, or none of them.");
+    if (!options.seminar && !options.date) {
+        const auto areas = FocusAreas(context);
+        context.Print(areas);
+        context.Note(Counted(areas.rows.size(), "focus area"));
+        return kDone;
+    }
     if (options.date) {
         const Int32 key = ReadInt32("--date", *options.date);
         DateOf(context, key);
         Print(context, *AreasOf<colSemTerminSchwerpunkte>(context, key));
     } else {
         const Int32 key = ReadInt32("--seminar", *options.seminar);
-        SeminarsOf(context)->Item(KeyText(key));
+        SeminarOf(context, key);
         Print(context, *AreasOf<colSemSchwerpunkte>(context, key));
     }
     return kDone;
 }
 
 void AddList(Command& focus) {
-    auto& command = focus.Add("list", "List the focus areas of a seminar or of a date");
+    auto& command = focus.Add("list", "List the focus areas that there are, those of a seminar or of a date");
     const auto options = std::make_shared<ListOptions>();
     command.Option("--seminar", &options->seminar, "N", "SemID of the seminar").Naming(Names::kSeminar);
     command.Option("--date", &options->date, "N", "SemTerminID of the date").Naming(Names::kDate);
@@ -81,7 +88,7 @@ int Tie(Context& context, Int32 key, const std::string& name) {
     DateOf(context, key);
     const auto area = New<clsSemTerminSchwerpunkt>();
     if (!area->Init(0, key, context.Session())) RaiseRefused(context.Session()->LastErrorText());
-    area->WBS(name);
+    area->WBS(Quoted(name));
     if (!area->WriteToDatabase()) RaiseRefused(context.Session()->LastErrorText());
     const bool is_new = area->SchwerpunktID() != 0;
     if (is_new && !IsThere(context, *area)) {
@@ -101,7 +108,7 @@ void AddTie(Command& focus) {
     auto& command = focus.Add("tie", "Tie a date to the focus area of that name, and list its focus areas");
     const auto typed = std::make_shared<Typed>();
     TakeDate(command, &typed->date);
-    command.Argument("NAME", &typed->name, "Name of the focus area").Required();
+    command.Argument("NAME", &typed->name, "Name of the focus area").Required().Naming(Names::kFocusArea);
     command.Remark("Where there is no focus area of that name it is made, with the greatest key plus 1.");
     command.Does([typed](Context& context) { return Tie(context, ReadInt32("DATE", typed->date), typed->name); });
 }
@@ -132,10 +139,10 @@ void AddUntie(Command& focus) {
     auto& command = focus.Add("untie", "Untie a date from a focus area, which stays");
     const auto typed = std::make_shared<Typed>();
     TakeDate(command, &typed->date);
-    command.Argument("KEY", &typed->area, "SchwerpunktID of the focus area").Required();
+    command.Argument("KEY", &typed->area, "SchwerpunktID or name of the focus area").Required().Naming(Names::kFocusArea);
     command.Does([typed](Context& context) {
         const Int32 key = ReadInt32("DATE", typed->date);
-        return Untie(context, key, ReadInt32("KEY", typed->area));
+        return Untie(context, key, ReadFocusArea(context, "KEY", typed->area));
     });
 }
 

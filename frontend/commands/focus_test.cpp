@@ -49,9 +49,7 @@ TEST_F(FocusCommand, ListOfWhatIsNotThere) {
     const auto seminar = Run({"focus", "list", "--seminar", "99"});
     EXPECT_EQ(seminar.code, 1);
     EXPECT_EQ(seminar.out, "");
-    EXPECT_EQ(seminar.err,
-              "lumoseminar: error 5: There is no entry under the key \"0000000099\" in the collection.\n"
-              "    LumoSeminar062.clsColSeminar.Item\n");
+    EXPECT_EQ(seminar.err, "lumoseminar: error 5: There is no seminar 99 of client 1 or common to all.\n");
 }
 
 TEST_F(FocusCommand, ListThatIsRefused) {
@@ -100,15 +98,28 @@ TEST_F(FocusCommand, TieToAFocusAreaThatCannotBeMadeIsTakenBack) {
     EXPECT_EQ(OfDate(60), kLeadership);
 }
 
-TEST_F(FocusCommand, TieToANameWithASingleQuoteIsRefused) {
+TEST_F(FocusCommand, TieToANameWithQuotes) {
     const int before = AreaCount();
-    const auto done = Run({"focus", "tie", "60", "Rock 'n' Roll"});
-    EXPECT_EQ(done.code, 1);
-    EXPECT_EQ(done.out, "");
-    EXPECT_THAT(done.err, StartsWith("lumoseminar: error 91: An empty reference was used as an object.\n"
-                                     "    LumoSeminar062.clsSemTerminSchwerpunkt.WriteToDatabase\n"));
+    const std::string name = "Rock 'n' Roll, \"L'eau\"";
+    EXPECT_EQ(Json({"focus", "tie", "60", name}).back()["WBS"], name);
+    EXPECT_EQ(AreaCount(), before + 1);
+    EXPECT_EQ(Json({"focus", "tie", "61", name}).back()["WBS"], name) << "found, not made once more";
+    EXPECT_EQ(AreaCount(), before + 1);
+    EXPECT_EQ(Run({"focus", "untie", "60", "rock 'n'"}).code, 0);
     EXPECT_EQ(OfDate(60), kLeadership);
-    EXPECT_EQ(AreaCount(), before);
+}
+
+TEST_F(FocusCommand, ListOfAllThatTheClientSees) {
+    const auto done = Run({"focus", "list"});
+    EXPECT_EQ(done.code, 0);
+    EXPECT_THAT(done.out, HasSubstr("\n           16  Büro und Verwaltung\n            8  CNC-Technik\n"));
+    EXPECT_EQ(done.err, "14 focus areas\n");
+    EXPECT_EQ(Json({"focus", "list", "--client", "2"}),
+              Json({"sql",
+                    "select WBS_ID as SchwerpunktID, Weiterbildungsschwerpunkt as WBS from sysIData_WBS where WBS_ID in "
+                    "(select WBS_ID from sysIData_WBS_Mandant_IT where MDNr = 2) order by 2"}));
+    ASSERT_EQ(Run({"sql", "update optionen_database_dt set Wert = '0' where OptionID = 30"}).code, 0);
+    EXPECT_EQ(static_cast<int>(Json({"focus", "list"}).size()), AreaCount()) << "all clients share them";
 }
 
 TEST_F(FocusCommand, UntieLeavesTheFocusArea) {
@@ -160,13 +171,13 @@ TEST_F(FocusCommand, TieAndUntieOfDatesOfOtherClients) {
 
 TEST_F(FocusCommand, WrongUsage) {
     ExpectUsage(Run({"focus"}), "A command is missing: list, tie, untie.", "focus");
-    ExpectUsage(Run({"focus", "list"}), "Give one of --seminar N and --date N.", "focus list");
-    ExpectUsage(Run({"focus", "list", "--seminar", "5", "--date", "60"}), "Give one of --seminar N and --date N.", "focus list");
+    ExpectUsage(Run({"focus", "list", "--seminar", "5", "--date", "60"}),
+                "Give one of --seminar N and --date N, or none of them.", "focus list");
     ExpectUsage(Run({"focus", "list", "--date", "x"}), "--date: \"x\" is not a whole number.", "focus list");
     ExpectUsage(Run({"focus", "tie", "60"}), "NAME is missing: Name of the focus area.", "focus tie");
     ExpectUsage(Run({"focus", "tie", "60", ""}), "NAME: a focus area has a name.", "focus tie");
-    ExpectUsage(Run({"focus", "untie", "60"}), "KEY is missing: SchwerpunktID of the focus area.", "focus untie");
-    ExpectUsage(Run({"focus", "untie", "60", "Führung"}), "KEY: \"Führung\" is not a whole number.", "focus untie");
+    ExpectUsage(Run({"focus", "untie", "60"}), "KEY is missing: SchwerpunktID or name of the focus area.", "focus untie");
+    ExpectUsage(Run({"focus", "untie", "60", "?"}), "KEY: \"?\" is neither a number nor a name.", "focus untie");
     EXPECT_EQ(OfDate(60), kLeadership);
 }
 

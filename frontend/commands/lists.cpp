@@ -12,6 +12,17 @@ Ref<colSeminare> SeminarsOf(Context& context) {
     return list;
 }
 
+Ref<clsSeminar> SeminarOf(Context& context, Int32 key) {
+    const auto list = SeminarsOf(context);
+    try {
+        return list->Item(KeyText(key));
+    } catch (const Error& error) {
+        if (error.Number() != ErrorNumber::kKeyNotFound) throw;
+    }
+    Raise(ErrorNumber::kKeyNotFound,
+          fmt::format("There is no seminar {} of client {} or common to all.", key, context.Client()));
+}
+
 Ref<colTermine> DatesOf(Context& context, Int32 seminar, const Text& filter) {
     auto list = New<colTermine>();
     if (!list->Init(seminar, context.Client(), context.Session(), filter)) {

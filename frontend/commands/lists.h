@@ -12,6 +12,9 @@ namespace frontend {
 
 LumoSeminar::Ref<LumoSeminar::colSeminare> SeminarsOf(Context& context);
 
+/// A seminar of the client or common to all. Raises key not found (5).
+LumoSeminar::Ref<LumoSeminar::clsSeminar> SeminarOf(Context& context, LumoSeminar::Int32 key);
+
 inline constexpr LumoSeminar::Int32 kAllSeminars = -1;
 
 /// @param filter  a further condition, " AND ..."

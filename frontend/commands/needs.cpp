@@ -8,12 +8,14 @@
 
 #include "frontend/commands/arguments.h"
 #include "frontend/commands/commands.h"
+#include "frontend/commands/look_ups.h"
 #include "frontend/commands/need_record.h"
 #include "frontend/commands/persons.h"
 #include "frontend/commands/requests.h"
 #include "frontend/context.h"
 #include "frontend/exit_codes.h"
 #include "frontend/output/counted.h"
+#include "frontend/quoted.h"
 #include "frontend/read_value.h"
 
 namespace frontend {
@@ -38,9 +40,9 @@ struct ListOptions {
 };
 
 int List(Context& context, const ListOptions& options) {
-    const Int32 key = ReadInt32("PERSON", options.person);
     const bool asks_for_user = options.user.has_value();
     const Int32 user = asks_for_user ? ReadUser(*options.user) : 0;
+    const Int32 key = ReadPerson(context, "PERSON", options.person);
     const auto person = PersonOf(context, key, KindOfPerson::kEmployee);
     Sheet sheet = NeedHead();
     if (asks_for_user) sheet.columns.emplace_back("MayDecide");
@@ -81,9 +83,9 @@ Int32 CountOfNeeds(Context& context, Int32 person) {
 }
 
 int Add(Context& context, const PersonAndUser& typed) {
-    const Int32 key = ReadInt32("PERSON", typed.person);
-    const Int32 area = ReadInt32("AREA", typed.area);
     const Int32 user = ReadUser(typed.user);
+    const Int32 key = ReadPerson(context, "PERSON", typed.person);
+    const Int32 area = ReadFocusArea(context, "AREA", typed.area);
     const auto person = PersonOf(context, key, KindOfPerson::kEmployee);
     if (LookUpArea(context, "WBS_ID", area).IsNull()) {
         Raise(ErrorNumber::kKeyNotFound, fmt::format("There is no focus area {}.", area));
@@ -106,7 +108,7 @@ void AddAdd(Command& needs) {
     auto& command = needs.Add("add", "Record a new training need, and show the record as it is stored");
     const auto typed = std::make_shared<PersonAndUser>();
     AddPerson(command, typed->person);
-    command.Argument("AREA", &typed->area, "Key of the focus area (WBS)").Required();
+    command.Argument("AREA", &typed->area, "Key or name of the focus area (WBS)").Required().Naming(Names::kFocusArea);
     AddUserOption(command, typed->user, "Number of the user on whose behalf the process is opened").Required();
     command.Does([typed](Context& context) { return Add(context, *typed); });
 }
@@ -116,6 +118,8 @@ void AddAdd(Command& needs) {
 int Reject(Context& context, Int32 key, Int32 user) {
     const auto need = NeedOf(context, key);
     return TakeStep(ProcessOf(*need), [&] {
+        // It is written with all its texts.
+        need->Bemerkungen(Quoted(need->Bemerkungen()));
         // The result is false in any case.
         need->BedarfAblehnen(user);
         const bool is_over = StateOf(*NeedOf(context, key)) == "rejected";

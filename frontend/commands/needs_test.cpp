@@ -149,12 +149,38 @@ TEST_F(NeedsCommand, RejectThatDoesNotCountChangesNothing) {
 
 TEST_F(NeedsCommand, RejectTellsTheStateWhereTheNeedCouldNotBeSettled) {
     AddNeed();
-    Sql("update AN_WBBedarf_IT set Bemerkungen = 'O''Neill' where WBID = 37");
+    // The update takes the day away by which it is wanted, as there is none.
+    Sql("drop table AN_WBBedarf_IT create table AN_WBBedarf_IT (WBID int not null, MDNr int null, ANNr int null, WBS int null, "
+        "erfDat datetime null, erford datetime not null, Erfuellt datetime null, erfUser nvarchar(50) null, "
+        "BedarfErfuellt smallint null, Bemerkungen nvarchar(255) null) "
+        "insert into AN_WBBedarf_IT (WBID, MDNr, ANNr, WBS, erford, BedarfErfuellt) values (37, 1, 130, 8, '30.12.1899', 0)");
     const auto done = Run({"needs", "reject", "37", "--user-id", kFirst});
     EXPECT_EQ(done.code, 1);
     EXPECT_EQ(done.out, "");
     EXPECT_THAT(done.err, StartsWith("lumoseminar: the process is in the state \"Abgelehnt\".\nlumoseminar: error 9999: "));
     EXPECT_EQ(Need(130)["State"], "open");
+}
+
+TEST_F(NeedsCommand, RejectLeavesTheRemarkAsItIs) {
+    AddNeed();
+    Sql("update AN_WBBedarf_IT set Bemerkungen = 'L''eau, ''n'' und Öl' where WBID = 37");
+    const auto rejected = Json({"needs", "reject", "37", "--user-id", kFirst});
+    EXPECT_EQ(rejected["State"], "rejected");
+    EXPECT_EQ(rejected["Bemerkungen"], "L'eau, 'n' und Öl");
+}
+
+TEST_F(NeedsCommand, AddTakesNamesOfPersonAndFocusArea) {
+    const auto added = Json({"needs", "add", "Norbert Kölbl", "cnc", "--user-id", kFirst});
+    EXPECT_EQ(added["ANNr"], 130);
+    EXPECT_EQ(added["WBS"], 8);
+    const auto many = Run({"needs", "add", "130", "D", "--user-id", kFirst});
+    EXPECT_EQ(many.code, 1);
+    EXPECT_EQ(many.err,
+              "lumoseminar: AREA: \"D\" is not unambiguous: 2 focus areas.\n"
+              "    4  Datenschutz und Informationssicherheit\n"
+              "    6  Deutsch am Arbeitsplatz\n");
+    ExpectRefused(Run({"needs", "add", "130", "Töpfern", "--user-id", kFirst}),
+                  "error 5: There is no focus area \"Töpfern\". \"lumoseminar focus list\" tells which there are.");
 }
 
 TEST_F(NeedsCommand, RejectWithoutTheTablesOfTheProcesses) {
@@ -210,12 +236,14 @@ TEST_F(NeedsCommand, ARefusedListIsToldWithItsLabel) {
 TEST_F(NeedsCommand, WrongUsageChangesNothing) {
     const int before = Needs();
     ExpectUsage(Run({"needs"}), "A command is missing: list, add, reject, remove.", "needs");
-    ExpectUsage(Run({"needs", "list"}), "PERSON is missing: Number of the employee.", "needs list");
+    ExpectUsage(Run({"needs", "list"}), "PERSON is missing: Number or name of the employee.", "needs list");
     ExpectUsage(Run({"needs", "list", "190", "--user-id", "lena"}), "--user-id: \"lena\" is not a whole number.", "needs list");
-    ExpectUsage(Run({"needs", "add", "130", "--user-id", "1"}), "AREA is missing: Key of the focus area (WBS).", "needs add");
+    ExpectUsage(Run({"needs", "add", "130", "--user-id", "1"}), "AREA is missing: Key or name of the focus area (WBS).",
+                "needs add");
     ExpectUsage(Run({"needs", "add", "130", "8"}),
                 "--user-id is missing: Number of the user on whose behalf the process is opened.", "needs add");
-    ExpectUsage(Run({"needs", "add", "130", "CNC", "--user-id", "1"}), "AREA: \"CNC\" is not a whole number.", "needs add");
+    ExpectUsage(Run({"needs", "add", "130", "8.", "--user-id", "1"}), "AREA: \"8.\" is neither a number nor a name.",
+                "needs add");
     ExpectUsage(Run({"needs", "reject", "31"}), "--user-id is missing: Number of the user who decides.", "needs reject");
     ExpectUsage(Run({"needs", "reject", "x", "--user-id", "1"}), "KEY: \"x\" is not a whole number.", "needs reject");
     ExpectUsage(Run({"needs", "remove"}), "KEY is missing: WBID of each need.", "needs remove");

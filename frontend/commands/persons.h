@@ -12,6 +12,8 @@ namespace frontend {
 /// A kind of person, as clsWBPerson::ModId counts them.
 enum class KindOfPerson : LumoSeminar::Byte { kEmployee = 2, kApplicant = 3, kWorker = 4 };
 
+inline constexpr KindOfPerson kKindsOfPersons[] = {KindOfPerson::kEmployee, KindOfPerson::kApplicant, KindOfPerson::kWorker};
+
 /// "employee", "applicant", "worker"
 const char* NameOf(KindOfPerson kind);
 

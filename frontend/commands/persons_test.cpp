@@ -111,10 +111,15 @@ TEST_F(PersonsCommand, ARefusedSelectIsToldWithItsLabel) {
 }
 
 TEST_F(PersonsCommand, WrongUsage) {
-    ExpectUsage(Run({"persons"}), "A command is missing: show.", "persons");
+    ExpectUsage(Run({"persons"}), "A command is missing: list, find, show.", "persons");
     ExpectUsage(Run({"persons", "show"}),
-                "KEY is missing: Number of the employee, key of the applicant or temporary worker.", "persons show");
-    ExpectUsage(Run({"persons", "show", "Müller"}), "KEY: \"Müller\" is not a whole number.", "persons show");
+                "PERSON is missing: Number or name of the employee, key or name of the applicant or temporary worker.",
+                "persons show");
+    ExpectUsage(Run({"persons", "show", "%"}), "PERSON: \"%\" is neither a number nor a name.", "persons show");
+    ExpectUsage(Run({"persons", "show", "4294967296"}),
+                "PERSON: \"4294967296\" does not fit: -2147483648 to 2147483647.", "persons show");
+    ExpectUsage(Run({"persons", "find"}),
+                "TEXT is missing: Parts of name, first name or number, as in Köl or \"Norbert Kölbl\".", "persons find");
     ExpectUsage(Run({"persons", "show", "1", "--kind", "AN"}), "--kind: \"AN\" is none of employee, applicant, worker.",
                 "persons show");
 }

@@ -8,6 +8,7 @@
 #include "frontend/commands/columns.h"
 #include "frontend/commands/commands.h"
 #include "frontend/commands/lists.h"
+#include "frontend/commands/look_ups.h"
 #include "frontend/commands/persons.h"
 #include "frontend/commands/requests.h"
 #include "frontend/context.h"
@@ -78,7 +79,7 @@ struct ListOptions {
 
 int PrintWaitlist(Context& context, const ListOptions& options) {
     if (options.thing.has_value() == options.person.has_value()) {
-        throw UsageError("Give one of --date N and --person N.");
+        throw UsageError("Give one of --date N and --person PERSON.");
     }
     const auto list = New<colSemWarteliste>();
     if (options.thing) {
@@ -87,7 +88,7 @@ int PrintWaitlist(Context& context, const ListOptions& options) {
         list->LoadListSeminartermin(context.Session(), date);
         PrintRequests(context, *list, kPerson, options.state);
     } else {
-        const auto person = PersonOf(context, ReadInt32("--person", *options.person), KindOfPerson::kEmployee);
+        const auto person = PersonOf(context, ReadPerson(context, "--person", *options.person), KindOfPerson::kEmployee);
         PrintRequests(context, *person->colWarteliste(), kDate, options.state);
     }
     return kDone;
@@ -95,16 +96,16 @@ int PrintWaitlist(Context& context, const ListOptions& options) {
 
 int PrintInterest(Context& context, const ListOptions& options) {
     if (options.thing.has_value() == options.person.has_value()) {
-        throw UsageError("Give one of --seminar N and --person N.");
+        throw UsageError("Give one of --seminar N and --person PERSON.");
     }
     const auto list = New<colSemWarteliste>();
     if (options.thing) {
         const Int32 seminar = ReadInt32("--seminar", *options.thing);
-        SeminarsOf(context)->Item(KeyText(seminar));
+        SeminarOf(context, seminar);
         list->LoadListSeminar(context.Session(), seminar);
         PrintRequests(context, *list, kPerson, false);
     } else {
-        const auto person = PersonOf(context, ReadInt32("--person", *options.person), KindOfPerson::kEmployee);
+        const auto person = PersonOf(context, ReadPerson(context, "--person", *options.person), KindOfPerson::kEmployee);
         PrintRequests(context, *person->colInteressentenliste(), kSeminar, false);
     }
     return kDone;
@@ -115,7 +116,7 @@ constexpr const char* kColumnsFooter =
     "none where it was withdrawn and where nobody has given one, as behind a cancellation.";
 
 void AddPersonOption(Command& command, ListOptions& options) {
-    command.Option("--person", &options.person, "N", "Number of the employee");
+    command.Option("--person", &options.person, "PERSON", "Number or name of the employee").Naming(Names::kPerson);
 }
 
 }  // namespace

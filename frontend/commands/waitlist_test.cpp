@@ -129,12 +129,12 @@ TEST_F(RequestLists, TheStateNeedsTheTablesOfTheProcessesAndNothingElseDoes) {
 }
 
 TEST_F(RequestLists, WrongUsage) {
-    ExpectUsage(Run({"waitlist"}), "Give one of --date N and --person N.", "waitlist");
-    ExpectUsage(Run({"waitlist", "--date", "62", "--person", "1"}), "Give one of --date N and --person N.", "waitlist");
+    ExpectUsage(Run({"waitlist"}), "Give one of --date N and --person PERSON.", "waitlist");
+    ExpectUsage(Run({"waitlist", "--date", "62", "--person", "1"}), "Give one of --date N and --person PERSON.", "waitlist");
     ExpectUsage(Run({"waitlist", "--date", "x"}), "--date: \"x\" is not a whole number.", "waitlist");
-    ExpectUsage(Run({"waitlist", "--person", "Kuhn"}), "--person: \"Kuhn\" is not a whole number.", "waitlist");
-    ExpectUsage(Run({"interest"}), "Give one of --seminar N and --person N.", "interest");
-    ExpectUsage(Run({"interest", "--seminar", "1", "--person", "1"}), "Give one of --seminar N and --person N.", "interest");
+    ExpectUsage(Run({"waitlist", "--person", "+"}), "--person: \"+\" is neither a number nor a name.", "waitlist");
+    ExpectUsage(Run({"interest"}), "Give one of --seminar N and --person PERSON.", "interest");
+    ExpectUsage(Run({"interest", "--seminar", "1", "--person", "1"}), "Give one of --seminar N and --person PERSON.", "interest");
     ExpectUsage(Run({"interest", "--seminar", ""}), "--seminar: \"\" is not a whole number.", "interest");
     ExpectUsage(Run({"interest", "--person", "1", "--state"}), "There is no option --state.", "interest");
 }
