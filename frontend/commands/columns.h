@@ -2,7 +2,9 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cstddef>
+#include <initializer_list>
 #include <memory>
 #include <optional>
 #include <span>
@@ -17,6 +19,7 @@
 #include "frontend/command_line/command.h"
 #include "frontend/exit_codes.h"
 #include "frontend/output/sheet.h"
+#include "frontend/quoted.h"
 
 namespace frontend {
 
@@ -52,7 +55,15 @@ constexpr Form FormOf() {
     if constexpr (std::same_as<T, LumoSeminar::DateTime>) return Form::kDay;
 }
 
-/// The two halves of a property.
+/// The value as a property takes it. A text goes into the next statement as it was let, and is let as that wants it.
+template <class T>
+T ToLet(const LumoSeminar::Variant& value) {
+    if constexpr (std::same_as<T, LumoSeminar::Text>) return Quoted(LumoSeminar::To<T>(value));
+    return LumoSeminar::To<T>(value);
+}
+
+/// The two halves of a property. A text is what people see: its quotes are doubled on the way in. A get gives them
+/// doubled until the object is loaded anew.
 template <class Thing, class T, Form kFormOfValue = FormOf<T>()>
 struct Property {
     static constexpr Form kForm = kFormOfValue;
@@ -60,7 +71,7 @@ struct Property {
     void (Thing::*let)(T);
 
     T Get(Thing& thing) const { return (thing.*get)(); }
-    void Let(Thing& thing, const LumoSeminar::Variant& value) const { (thing.*let)(LumoSeminar::To<T>(value)); }
+    void Let(Thing& thing, const LumoSeminar::Variant& value) const { (thing.*let)(ToLet<T>(value)); }
 };
 
 /// The two halves of a property that are told whether to load. Here they always do.
@@ -71,7 +82,7 @@ struct LoadingProperty {
     void (Thing::*let)(T, LumoSeminar::Bool);
 
     T Get(Thing& thing) const { return (thing.*get)(true); }
-    void Let(Thing& thing, const LumoSeminar::Variant& value) const { (thing.*let)(LumoSeminar::To<T>(value), true); }
+    void Let(Thing& thing, const LumoSeminar::Variant& value) const { (thing.*let)(ToLet<T>(value), true); }
 };
 
 /// A property of a class as the front end names, reads and prints it.
@@ -148,6 +159,14 @@ struct ColumnTable {
         return nullptr;
     }
 
+    /// Lets each text as it was read, for an object that is going to be written: what was read has its quotes as people
+    /// see them, and a statement wants them doubled. To be called once, between the load and the lets.
+    void LetTextsAgain(Thing& one) const {
+        for (const auto& column : columns) {
+            if (column.ValueForm() == Form::kText) Change<Thing>{&column, column.Get(one)}.LetInto(one);
+        }
+    }
+
     /// An option for each column.
     std::shared_ptr<TypedValues> AddOptions(Command& command) const {
         auto values = std::make_shared<TypedValues>(columns.size());
@@ -185,6 +204,24 @@ struct ColumnTable {
 template <class Thing>
 void LetAll(Thing& thing, const std::vector<Change<Thing>>& changes) {
     for (const auto& change : changes) change.LetInto(thing);
+}
+
+/// Whether one of the columns is changed.
+template <class Thing>
+bool ChangesAny(const std::vector<Change<Thing>>& changes, std::initializer_list<std::string_view> names) {
+    return std::ranges::any_of(changes, [&](const auto& change) {
+        return std::ranges::find(names, std::string_view(change.column->name)) != names.end();
+    });
+}
+
+/// The last value that was typed for a column.
+template <class Thing>
+std::optional<LumoSeminar::Variant> TypedFor(const std::vector<Change<Thing>>& changes, std::string_view name) {
+    std::optional<LumoSeminar::Variant> value;
+    for (const auto& change : changes) {
+        if (name == change.column->name) value = change.value;
+    }
+    return value;
 }
 
 }  // namespace frontend

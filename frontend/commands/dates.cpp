@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "frontend/commands/checks.h"
 #include "frontend/commands/commands.h"
 #include "frontend/commands/date_columns.h"
 #include "frontend/commands/date_list.h"
@@ -104,7 +105,44 @@ DateChanges ReadDateChanges(const TypedValues& values, const std::vector<std::st
 
 void LetRow(clsTermin& date, const DateChanges& changes) {
     for (const auto& change : changes) {
-        if (!MakesDays(change)) change.LetInto(date);
+        if (IsOf(change, "SemID")) change.LetInto(date);
+    }
+    // The title of the seminar is among the texts by now.
+    DateColumns().LetTextsAgain(date);
+    for (const auto& change : changes) {
+        if (!IsOf(change, "SemID") && !MakesDays(change)) change.LetInto(date);
+    }
+}
+
+// Where the days are made anew, those of a date with a series have its times.
+void CheckTimes(clsTermin& date, const DateChanges& changes) {
+    auto begin = date.BeginnUhrzeit();
+    auto end = date.EndeUhrzeit();
+    if (std::ranges::any_of(changes, MakesDays) && date.SerienID() != 0) {
+        const auto series = date.objSerie();
+        if (!ChangesAny(changes, {"BeginnUhrzeit"})) begin = series->BeginnUhrzeit();
+        if (!ChangesAny(changes, {"EndeUhrzeit"})) end = series->EndeUhrzeit();
+    }
+    if (begin && end) RefuseClockBefore({"BeginnUhrzeit", begin}, {"EndeUhrzeit", end});
+}
+
+// What is looked at before a date is written, once the changes of its row are in it.
+void CheckChanged(clsTermin& date, const DateChanges& changes) {
+    if (ChangesAny(changes, {"MinTeil", "MaxTeil"})) {
+        RefuseAbove({"MinTeil", date.MinTeil()}, {"MaxTeil", date.MaxTeil()});
+    }
+    if (ChangesAny(changes, {"BeginnUhrzeit", "EndeUhrzeit"})) CheckTimes(date, changes);
+}
+
+void RefuseEndBeforeBegin(clsTermin& date, const DateChanges& changes) {
+    DateTime begin = date.BeginnDatum();
+    for (const auto& change : changes) {
+        if (IsOf(change, "BeginnDatum")) begin = To<DateTime>(change.value);
+        if (IsOf(change, "EndeDatum") && !begin && To<DateTime>(change.value)) {
+            throw UsageError("EndeDatum needs a BeginnDatum: the days go from the one to the other.");
+        }
+        if (!IsOf(change, "EndeDatum") || To<DateTime>(change.value) >= begin) continue;
+        throw UsageError("EndeDatum must not lie before BeginnDatum: no day would be left.");
     }
 }
 
@@ -126,10 +164,13 @@ void Write(Context& context, clsTermin& date) {
 
 int Add(Context& context, const DateChanges& changes) {
     // A seminar that is not there would be copied as an empty one.
-    SeminarsOf(context)->Item(KeyText(To<Int32>(changes.front().value)));
+    SeminarOf(context, To<Int32>(changes.front().value));
     const auto date = New<clsTermin>();
     date->Init(0, context.Session());
+    RefuseEndBeforeBegin(*date, changes);
+    RequireRows(context, changes);
     LetRow(*date, changes);
+    CheckChanged(*date, changes);
     // The let of the first day inserts the days at once, under the key that the date has at that moment, and nothing
     // ever moves them to another key. So the date is written first, which gives it its key; then its days are made; and
     // then it is written again, as the end and the times that the days have brought are only in the object.
@@ -160,15 +201,6 @@ void AddAdd(Command& dates) {
 
 // set
 
-void RefuseEndBeforeBegin(clsTermin& date, const DateChanges& changes) {
-    DateTime begin = date.BeginnDatum();
-    for (const auto& change : changes) {
-        if (IsOf(change, "BeginnDatum")) begin = To<DateTime>(change.value);
-        if (!IsOf(change, "EndeDatum") || To<DateTime>(change.value) >= begin) continue;
-        throw UsageError("EndeDatum must not lie before BeginnDatum: no day would be left.");
-    }
-}
-
 void TellDaysOfUnsavedDate(Int32 key, std::size_t before, std::size_t after) {
     fmt::print(stderr, "lumoseminar: date {} was not saved, but its days were changed: {} before, {} now.\n", key,
                before, after);
@@ -179,9 +211,11 @@ int Set(Context& context, Int32 key, const DateChanges& changes) {
     const auto date = DateOf(context, key);
     // Nearly all lets read the row before they store; that of Sitzungen does not. This reads it in any case.
     RefuseEndBeforeBegin(*date, changes);
+    RequireRows(context, changes);
     const auto before = DaysOf(*date);
     try {
         LetRow(*date, changes);
+        CheckChanged(*date, changes);
         LetDays(*date, changes);
         Write(context, *date);
     } catch (...) {

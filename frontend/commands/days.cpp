@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "frontend/commands/arguments.h"
+#include "frontend/commands/checks.h"
 #include "frontend/commands/commands.h"
 #include "frontend/commands/lists.h"
 #include "frontend/context.h"
@@ -78,12 +79,24 @@ struct AddOptions {
     std::string to;
 };
 
+// Of the times of the date, 0 is one that is not set.
+void CheckTimes(clsTermin& date, const AddOptions& options, DateTime from, DateTime to) {
+    if (options.from.empty() && options.to.empty()) return;
+    const auto from_of_date = date.BeginnUhrzeit();
+    const auto to_of_date = date.EndeUhrzeit();
+    if ((options.from.empty() && !from_of_date) || (options.to.empty() && !to_of_date)) return;
+    RefuseClockBefore(
+        {options.from.empty() ? "BeginnUhrzeit of the date" : "--from", options.from.empty() ? from_of_date : from},
+        {options.to.empty() ? "EndeUhrzeit of the date" : "--to", options.to.empty() ? to_of_date : to});
+}
+
 int Add(Context& context, const AddOptions& options) {
     const Int32 key = ReadInt32("DATE", options.date);
     const auto day = ReadDay("DAY", options.day);
     const auto from = options.from.empty() ? DateTime() : ReadClock("--from", options.from);
     const auto to = options.to.empty() ? DateTime() : ReadClock("--to", options.to);
     const auto date = DateOf(context, key);
+    CheckTimes(*date, options, from, to);
     date->colTerminTage()->NewTerminTag(day, options.from.empty() ? date->BeginnUhrzeit() : from,
                                         options.to.empty() ? date->EndeUhrzeit() : to);
     Sheet sheet = Head();

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "frontend/commands/lists.h"
+#include "frontend/commands/look_ups.h"
 #include "frontend/commands/participant_columns.h"
 #include "frontend/commands/participant_lists.h"
 #include "frontend/commands/persons.h"
@@ -82,9 +83,9 @@ void WriteWithCosts(Context& context, clsTeilnehmer& participant, Money costs) {
 
 int Enrol(Context& context, const EnrolOptions& options, const TypedValues& values) {
     const Int32 key = ReadInt32("DATE", options.date);
-    const Int32 person_key = ReadInt32("PERSON", options.person);
     const auto kind = ReadKind(options.kind);
     const auto changes = EnrolmentColumns().ReadChanges(values, {});
+    const Int32 person_key = ReadPerson(context, "PERSON", options.person, kind);
     const auto date = DateOf(context, key);
     const auto person = PersonOf(context, person_key, kind);
     // The list that the date counts its places by.
@@ -93,7 +94,9 @@ int Enrol(Context& context, const EnrolOptions& options, const TypedValues& valu
     const Text key_in_list = participant->Key();
     try {
         LetPerson(*participant, *person);
+        EnrolmentColumns().LetTextsAgain(*participant);
         LetAll(*participant, changes);
+        CheckAttendance(*participant, changes);
         if (!IsToBeWritten(*participant, options)) {
             list->RemoveColOnly(key_in_list);
             fmt::print(stderr, "lumoseminar: {} was not enrolled in date {}; --force enrols all the same.\n",

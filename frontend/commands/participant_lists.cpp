@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 
+#include "frontend/commands/checks.h"
 #include "frontend/commands/lists.h"
 #include "frontend/commands/participant_columns.h"
 
@@ -46,6 +47,20 @@ FoundParticipant ParticipantOf(Context& context, Int32 key) {
               fmt::format("There is no participant {} in a date of client {} or common to all.", key, context.Client()));
     }
     return found;
+}
+
+void CheckAttendance(clsTeilnehmer& participant, const std::vector<Change<clsTeilnehmer>>& changes) {
+    const auto date = participant.clsTermin();
+    const auto Or = [](DateTime own, DateTime of_date) { return own ? own : of_date; };
+    if (ChangesAny(changes, {"BeginnDatum", "EndeDatum"})) {
+        RefuseEndBeforeBegin({"BeginnDatum", Or(participant.BeginnDatum(), date->BeginnDatum())},
+                             {"EndeDatum", Or(participant.EndeDatum(), date->EndeDatum())});
+    }
+    if (ChangesAny(changes, {"BegUhrzeit", "EndUhrzeit"})) {
+        const auto from = Or(participant.BegUhrzeit(), date->BeginnUhrzeit());
+        const auto to = Or(participant.EndUhrzeit(), date->EndeUhrzeit());
+        if (from && to) RefuseClockBefore({"BegUhrzeit", from}, {"EndUhrzeit", to});
+    }
 }
 
 void WriteParticipant(Context& context, clsTeilnehmer& participant) {

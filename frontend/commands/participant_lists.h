@@ -2,6 +2,7 @@
 
 #include <LumoSeminar/LumoSeminar.h>
 
+#include "frontend/commands/columns.h"
 #include "frontend/context.h"
 
 namespace frontend {
@@ -19,6 +20,10 @@ struct FoundParticipant {
 
 /// A participant of any date of the client or common to all. Raises key not found (5).
 FoundParticipant ParticipantOf(Context& context, LumoSeminar::Int32 key);
+
+/// Raises UsageError where the changes that are in it by now leave the attendance with its end before its begin. What
+/// is not set is that of the date.
+void CheckAttendance(LumoSeminar::clsTeilnehmer& participant, const std::vector<Change<LumoSeminar::clsTeilnehmer>>& changes);
 
 /// Raises 9999 where the database refuses it.
 void WriteParticipant(Context& context, LumoSeminar::clsTeilnehmer& participant);

@@ -8,9 +8,11 @@
 #include <vector>
 
 #include "frontend/commands/arguments.h"
+#include "frontend/commands/checks.h"
 #include "frontend/commands/commands.h"
 #include "frontend/commands/enrolment.h"
 #include "frontend/commands/lists.h"
+#include "frontend/commands/look_ups.h"
 #include "frontend/commands/participant_columns.h"
 #include "frontend/commands/participant_lists.h"
 #include "frontend/context.h"
@@ -75,15 +77,22 @@ void AddList(Command& participants) {
 
 // set
 
+void RequireEmployee(Context& context, clsTeilnehmer& participant, const Changes& changes) {
+    if (participant.ANNr() == 0 || !ChangesAny(changes, {"MDNr", "ANNr"})) return;
+    if (!IsEmployee(context, participant.MDNR(), participant.ANNr())) {
+        Raise(ErrorNumber::kKeyNotFound,
+              fmt::format("There is no employee {} of client {}.", participant.ANNr(), participant.MDNR()));
+    }
+}
+
 int Set(Context& context, Int32 key, const Changes& changes) {
     if (changes.empty()) throw UsageError("Nothing to set: name a column and its value.");
     const auto participant = ParticipantOf(context, key).participant;
-    for (const auto& change : changes) {
-        if (change.column != ParticipantColumns().Find("SemTerminID")) continue;
-        const auto date = To<Int32>(change.value);
-        if (!HasDate(context, date)) RaiseNoSuchDate(context, date);
-    }
+    RequireRows(context, changes);
+    ParticipantColumns().LetTextsAgain(*participant);
     LetAll(*participant, changes);
+    RequireEmployee(context, *participant, changes);
+    CheckAttendance(*participant, changes);
     WriteParticipant(context, *participant);
     ShowParticipant(context, key);
     return kDone;
@@ -136,6 +145,7 @@ int Cancel(Context& context, const CancelOptions& options) {
     // participant who is cancelled already is not taken up again.
     if (options.to_waitlist) participant->StornoTeilnehmerInWarteliste();
     try {
+        ParticipantColumns().LetTextsAgain(*participant);
         participant->Teilnahme(0);
         participant->storniertam(day);
         participant->StornoGrund(reason);
@@ -246,6 +256,7 @@ int Costs(Context& context, const CostsOptions& options) {
     const auto centre = options.centre ? ReadInt32("--centre", *options.centre) : Int32{0};
     const auto type = options.type ? ReadInt32("--type", *options.type) : Int32{0};
     if (options.add) {
+        if (type != 0) RequireRow(context, "KostenArtID", type);
         const auto line = ParticipantOf(context, key).participant->objKosten()->Add(0);
         line->Kostenbetrag(To<Single>(amount));
         line->Kost(centre);

@@ -167,7 +167,7 @@ TEST_F(ParticipantsCommand, SetTakesACancellationBack) {
 
 TEST_F(ParticipantsCommand, SetThatIsRefusedChangesNothing) {
     const auto before = Row(505);
-    const auto done = Run({"participants", "set", "505", "Ergebnis=2", "Bemerkung=O'Neill"});
+    const auto done = Run({"participants", "set", "505", "Ergebnis=2", "Bemerkung=" + std::string(256, 'x')});
     EXPECT_EQ(done.code, 1);
     EXPECT_EQ(done.out, "");
     EXPECT_THAT(done.err, StartsWith("lumoseminar: error 9999: "));
@@ -264,15 +264,14 @@ TEST_F(ParticipantsCommand, CancelLeavesTheEnrolmentWhereTheWaitListIsRefused) {
 
 TEST_F(ParticipantsCommand, CancelThatIsRefusedBehindTheWaitListCanBeGivenOnceMore) {
     const auto Interested = [&] { return Count(kInterested, "SemID = 31 and TNID = 174 and Herkunft = 2"); };
-    Sql("update Sem_Teilnehmer_IT set Bemerkung = 'O''Neill' where TeilnehmerID = 505");
-    const auto refused = Run({"participants", "cancel", "505", "--to-waitlist"});
+    // A day that the calendar of the database does not reach.
+    const auto refused = Run({"participants", "cancel", "505", "--to-waitlist", "--on", "1.1.1700"});
     EXPECT_EQ(refused.code, 1);
     EXPECT_EQ(refused.out, "");
     EXPECT_THAT(refused.err, StartsWith("lumoseminar: participant 505 waits now, but is still enrolled.\n"
                                         "lumoseminar: error 9999: "));
     EXPECT_EQ(Row(505)["Teilnahme"], -1);
     EXPECT_EQ(Interested(), 1);
-    Sql("update Sem_Teilnehmer_IT set Bemerkung = null where TeilnehmerID = 505");
     EXPECT_EQ(Run({"participants", "cancel", "505", "--to-waitlist"}).code, 0);
     EXPECT_EQ(Row(505)["Teilnahme"], 0);
     EXPECT_EQ(Interested(), 1) << "no second entry";

@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "frontend/commands/checks.h"
 #include "frontend/commands/commands.h"
 #include "frontend/commands/lists.h"
 #include "frontend/commands/seminar_columns.h"
@@ -70,9 +71,20 @@ void AddShow(Command& seminars) {
     command.Argument("KEY", key.get(), "SemID of the seminar").Required().Naming(Names::kSeminar);
     command.Does([key](Context& context) {
         const Int32 number = ReadInt32("KEY", *key);
-        Show(context, *SeminarsOf(context)->Item(KeyText(number)));
+        Show(context, *SeminarOf(context, number));
         return kDone;
     });
+}
+
+// What is looked at before a seminar is written, once the changes are in it.
+void CheckChanged(Context& context, clsSeminar& seminar, const SeminarChanges& changes) {
+    RequireRows(context, changes);
+    if (!ChangesAny(changes, {"TeilnehmerMIN", "TeilnehmerMAX"})) return;
+    // A new seminar gives none of what was let.
+    const auto min = TypedFor(changes, "TeilnehmerMIN");
+    const auto max = TypedFor(changes, "TeilnehmerMAX");
+    RefuseAbove({"TeilnehmerMIN", min ? To<Int32>(*min) : seminar.TeilnehmerMIN()},
+                {"TeilnehmerMAX", max ? To<Int32>(*max) : seminar.TeilnehmerMAX()});
 }
 
 // add
@@ -82,6 +94,7 @@ int Add(Context& context, const SeminarChanges& changes) {
     seminar->Init(0, context.Session());
     seminar->MDNR(context.Client());
     LetAll(*seminar, changes);
+    CheckChanged(context, *seminar, changes);
     seminar->WriteToDatabase();
     ShowStored(context, seminar->SemID());
     return kDone;
@@ -99,10 +112,11 @@ void AddAdd(Command& seminars) {
 
 int Set(Context& context, Int32 key, const SeminarChanges& changes) {
     if (changes.empty()) throw UsageError("Nothing to set: name a column and its value.");
-    const auto seminar = SeminarsOf(context)->Item(KeyText(key));
+    const auto seminar = SeminarOf(context, key);
     // The row is read before anything is let, so that the load does not take the changes away again.
-    seminar->SemTitel();
+    SeminarColumns().LetTextsAgain(*seminar);
     LetAll(*seminar, changes);
+    CheckChanged(context, *seminar, changes);
     if (!seminar->UpdateDatabase()) {
         fmt::print(stderr, "lumoseminar: seminar {} is no longer there; nothing was changed.\n", key);
         return kRefused;

@@ -76,16 +76,18 @@ TEST_F(Cli, ShowPrintsEveryColumn) {
 
 TEST_F(Cli, UnknownKeysAreRefusedWithNumberTextAndLabel) {
     UseSample();
-    const char* const expected =
-        "lumoseminar: error 5: There is no entry under the key \"0000000999\" in the collection.\n"
-        "    LumoSeminar062.clsColSeminar.Item\n";
-    for (const Arguments& arguments : {Arguments{"seminars", "show", "999"}, Arguments{"seminars", "set", "999", "Status=2"},
-                                       Arguments{"seminars", "remove", "999"}}) {
+    for (const Arguments& arguments : {Arguments{"seminars", "show", "999"}, Arguments{"seminars", "set", "999", "Status=2"}}) {
         const auto done = Run(arguments);
         EXPECT_EQ(done.code, 1);
         EXPECT_EQ(done.out, "");
-        EXPECT_EQ(done.err, expected);
+        EXPECT_EQ(done.err, "lumoseminar: error 5: There is no seminar 999 of client 1 or common to all.\n");
     }
+    const auto removed = Run({"seminars", "remove", "999"});
+    EXPECT_EQ(removed.code, 1);
+    EXPECT_EQ(removed.out, "");
+    EXPECT_EQ(removed.err,
+              "lumoseminar: error 5: There is no entry under the key \"0000000999\" in the collection.\n"
+              "    LumoSeminar062.clsColSeminar.Item\n");
     EXPECT_EQ(Run({"seminars", "show", "36"}).code, 1) << "a seminar of client 2";
     EXPECT_EQ(Run({"seminars", "show", "36", "--client", "2"}).code, 0);
 }
@@ -115,10 +117,10 @@ TEST_F(Cli, AddStoresAndShowsTheSeminar) {
     EXPECT_EQ(Json({"seminars", "add", "--title", "Zwei", "--client", "2"})["MDNr"], 2);
 }
 
-TEST_F(Cli, ATitleWithAQuoteIsRefused) {
+TEST_F(Cli, ATitleThatIsTooLongIsRefused) {
     UseSample();
     const int before = RowCount();
-    const auto done = Run({"seminars", "add", "--title", "Rock 'n' Roll"});
+    const auto done = Run({"seminars", "add", "--title", std::string(256, 'x')});
     EXPECT_EQ(done.code, 1);
     EXPECT_EQ(done.out, "");
     EXPECT_THAT(done.err, StartsWith("lumoseminar: error 9999: "));
@@ -144,7 +146,7 @@ TEST_F(Cli, SetWithABadValueChangesNothing) {
     UseSample();
     const auto before = Seminar(5);
     EXPECT_EQ(Run({"seminars", "set", "5", "SemTitel=Neu", "Status=x"}).code, 2);
-    EXPECT_EQ(Run({"seminars", "set", "5", "SemTitel=O'Neill"}).code, 1);
+    EXPECT_EQ(Run({"seminars", "set", "5", "SemTitel=" + std::string(256, 'x')}).code, 1);
     EXPECT_EQ(Seminar(5), before);
 }
 

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "frontend/commands/checks.h"
 #include "frontend/commands/columns.h"
 #include "frontend/commands/commands.h"
 #include "frontend/context.h"
@@ -167,9 +168,12 @@ int Add(Context& context, const AddOptions& options) {
         throw UsageError("Give one of --daily, --workdays and --weekly N.");
     }
     if (options.on && !options.weeks) throw UsageError("--on goes with --weekly only.");
+    const auto begin = ReadClock("--begin", options.begin);
+    const auto end = ReadClock("--end", options.end);
+    RefuseClockBefore({"--begin", begin}, {"--end", end});
     const auto series = New<clsSerie>();
-    series->BeginnUhrzeit(ReadClock("--begin", options.begin));
-    series->EndeUhrzeit(ReadClock("--end", options.end));
+    series->BeginnUhrzeit(begin);
+    series->EndeUhrzeit(end);
     if (options.weeks) {
         LetWeeks(*series, *options.weeks, options.on);
     } else {
