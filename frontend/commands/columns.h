@@ -19,7 +19,6 @@
 #include "frontend/command_line/command.h"
 #include "frontend/exit_codes.h"
 #include "frontend/output/sheet.h"
-#include "frontend/quoted.h"
 
 namespace frontend {
 
@@ -58,7 +57,7 @@ constexpr Form FormOf() {
 /// The value as a property takes it. A text goes into the next statement as it was let, and is let as that wants it.
 template <class T>
 T ToLet(const LumoSeminar::Variant& value) {
-    if constexpr (std::same_as<T, LumoSeminar::Text>) return Quoted(LumoSeminar::To<T>(value));
+    if constexpr (std::same_as<T, LumoSeminar::Text>) return LumoSeminar::Quoted(LumoSeminar::To<T>(value));
     return LumoSeminar::To<T>(value);
 }
 

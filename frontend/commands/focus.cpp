@@ -12,7 +12,6 @@
 #include "frontend/context.h"
 #include "frontend/exit_codes.h"
 #include "frontend/output/counted.h"
-#include "frontend/quoted.h"
 #include "frontend/read_value.h"
 
 namespace frontend {

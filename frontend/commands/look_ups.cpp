@@ -9,7 +9,6 @@
 #include "frontend/exit_codes.h"
 #include "frontend/output/counted.h"
 #include "frontend/output/screen_text.h"
-#include "frontend/quoted.h"
 #include "frontend/read_value.h"
 
 namespace frontend {

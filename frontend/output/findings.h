@@ -4,9 +4,8 @@
 
 namespace frontend {
 
-enum class Language { kEnglish, kGerman };
-
-/// A finding of the checks before an enrolment in plain words, with the name of the other date where there is one.
-LumoSeminar::Text FindingText(LumoSeminar::clsErrorMsg& finding, Language language = Language::kEnglish);
+/// What the library says about a finding, with the name of the other date where there is one.
+LumoSeminar::Text FindingText(LumoSeminar::clsErrorMsg& finding,
+                              LumoSeminar::Language language = LumoSeminar::Language::kEnglish);
 
 }  // namespace frontend
