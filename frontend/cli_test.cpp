@@ -146,7 +146,7 @@ std::string Cli::RunOnTerminal(const Arguments& arguments, const char* no_colour
 void Cli::UseSample() const {
     if (SampleFolder().empty()) {
         SampleFolder() = NewFolder();
-        const auto made = RunIn(SampleFolder(), {"init", "--sample"}, {}, {});
+        const auto made = RunIn(SampleFolder(), {"init", "--sample", "--sample-year", "2009"}, {}, {});
         ASSERT_EQ(made.code, 0) << made.err;
     }
     for (const auto& file : fs::directory_iterator(SampleFolder())) {

@@ -11,7 +11,7 @@ int main(int argc, char** argv) {
     } catch (const std::exception& error) {
         std::fprintf(stderr, "lumoseminar: %s\n", error.what());
     } catch (...) {
-        std::fputs("lumoseminar: an exception of an unknown type was thrown.\n", stderr);
+        std::fputs("lumoseminar: An exception of an unknown type was thrown.\n", stderr);
     }
     return frontend::kRefused;
 }

@@ -19,6 +19,7 @@ struct GeneralOptions {
     std::optional<int> client;
     bool trace = false;
     bool verbose = false;
+    /// Of the command: see Command::Writes, Command::Asks.
     bool dry_run = false;
     bool yes = false;
     bool no_pager = false;

@@ -10,6 +10,7 @@
 #include "frontend/command_line/help.h"
 #include "frontend/command_line/parser.h"
 #include "frontend/commands/commands.h"
+#include "frontend/dry_run.h"
 #include "frontend/exit_codes.h"
 #include "frontend/output/screen_text.h"
 #include "frontend/output/terminal.h"
@@ -65,12 +66,18 @@ std::string MissingCommand(const Command& group) {
 
 void DescribeProgram(Command& program, GeneralOptions& options) {
     program.Option("--connect", &options.connect, "TEXT",
-                   "The database: \"Provider=Embedded;Data Source=FILE\" (or :memory:), otherwise an ODBC connection text "
-                   "[LUMOSEMINAR_CONNECT, otherwise the file lumoseminar.db in the working folder]");
+                   "The database: a file, or \"Provider=Embedded;Data Source=FILE\" (\";Mode=ReadOnly\" behind it writes "
+                   "nothing), otherwise an ODBC connection text [LUMOSEMINAR_CONNECT, otherwise the file lumoseminar.db in "
+                   "the working folder]");
+    program.Option("--db", &options.database, "FILE", "A file of the embedded database, whatever its name")
+        .Excludes("--connect")
+        .Naming(Names::kFile);
     program.Option("--user", &options.user, "TEXT", "User name for the database");
     program.Option("--password", &options.password, "TEXT", "Password for the database [LUMOSEMINAR_PASSWORD]");
     program.Option("--client", &options.client_typed, "N", "Number of the client [the active client, otherwise 1]");
     program.Flag("--trace", options.trace, "Show each statement with its time and rows on standard error");
+    program.Flag("--verbose", options.verbose,
+                 "Tell more about a failure: its number, where it came from, the statement that was refused");
     program.Option("--format", &options.format_typed, "FORMAT", "How data is printed: table, json or csv [table]")
         .OneOf({"table", "json", "csv"});
     program.Flag("--help", options.help, "Print what the command takes, and end");
@@ -86,15 +93,15 @@ int Program::Run(const std::vector<std::string>& words) {
     } catch (const UsageError& error) {
         code = ReportUsage(error.what(), "lumoseminar");
     } catch (const LumoSeminar::Error& error) {
-        Report(error);
+        context_.Report(error);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "lumoseminar: %s\n", error.what());
     } catch (...) {
-        std::fputs("lumoseminar: an exception of an unknown type was thrown.\n", stderr);
+        std::fputs("lumoseminar: An exception of an unknown type was thrown.\n", stderr);
     }
     std::cout.flush();
     if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0 || !std::cout) {
-        std::fputs("lumoseminar: standard output could not be written.\n", stderr);
+        std::fputs("lumoseminar: Standard output could not be written.\n", stderr);
         return kRefused;
     }
     return code;
@@ -123,8 +130,13 @@ int Program::Act(const std::vector<std::string>& words) {
             fmt::print("{}", HelpText(chosen.path, HelpWidth()));
             return kUsage;
         }
-        if (!chosen.Innermost().Act()) throw UsageError(MissingCommand(chosen.Innermost()));
-        return chosen.Innermost().Act()(context_);
+        const auto& command = chosen.Innermost();
+        if (!command.Act()) throw UsageError(MissingCommand(command));
+        options.dry_run = command.IsDryRun();
+        options.yes = command.IsAnswered();
+        context_.ForgetFailure();
+        const bool is_taken_back = options.dry_run && command.WayOfDryRun() == DryRun::kTakenBack;
+        return is_taken_back ? RunDry(context_, command.Act()) : command.Act()(context_);
     } catch (const UsageError& error) {
         return ReportUsage(error.what(), NameOf(chosen.path));
     }

@@ -52,7 +52,7 @@ TEST_F(OnServer, TellsItsTables) {
     EXPECT_THAT(tables.out, HasSubstr("\nkurse,3,2\n"));
     const auto columns = OnIt({"tables", "KURSE", "--format", "csv"});
     EXPECT_EQ(columns.out,
-              "Column,Type,Nullable,Key\nnr,integer,no,yes\ntitel,character varying(40),yes,\"\"\npreis,money,yes,\"\"\n");
+              "Column,Type,Nullable,Key\nnr,integer,false,true\ntitel,character varying(40),true,false\npreis,money,true,false\n");
 }
 
 TEST_F(OnServer, InitNamesTheStatementThatTheServerDoesNotTake) {

@@ -1,12 +1,14 @@
 #include "frontend/sessions.h"
 
 #include <LumoConnection/connection_text.h>
+#include <LumoConnection/error_numbers.h>
 #include <LumoConnection/install.h>
 
 #include <fmt/format.h>
 
 #include <cstdio>
 #include <filesystem>
+#include <system_error>
 #include <utility>
 
 #include "frontend/files.h"
@@ -33,6 +35,11 @@ OpenedSession OpenSession(const Login& login, MissingFile missing_file, LumoConn
         if (file != ":memory:" && !std::filesystem::exists(file)) {
             Raise(kFileNotRead, "There is no database file " + OneLine(file) + "; the command init creates it.");
         }
+        // Opened, it would become a database without a table.
+        std::error_code failed;
+        if (file != ":memory:" && std::filesystem::is_regular_file(file, failed) && std::filesystem::is_empty(file, failed)) {
+            Raise(kFileNotRead, "The file " + OneLine(file) + " is empty; the command init makes a database of it.");
+        }
     }
     OpenedSession opened;
     opened.plain = New<LumoConnection::AnySession>();
@@ -40,7 +47,11 @@ OpenedSession OpenSession(const Login& login, MissingFile missing_file, LumoConn
     if (watcher) opened.session = New<LumoConnection::TracingSession>(opened.session, std::move(watcher));
     LumoConnection::Install({.user = login.user, .password = login.password, .session = opened.session});
     if (!opened.session->Connect(login.connection_text, login.user, login.password, kTimeout)) {
-        RaiseRefused(opened.session->LastErrorText());
+        const Text refusal = opened.session->LastErrorText();
+        const bool is_no_database = opened.plain->LastErrorNumber() == LumoConnection::Refused::kCannotOpen;
+        RaiseRefused(opened.plain->Embedded() && is_no_database
+                         ? refusal + " The command init makes a database in a file of its own, which --db names."
+                         : refusal);
     }
     opened.embedded = opened.plain->Embedded();
     return opened;

@@ -1,13 +1,12 @@
 #include "frontend/sessions.h"
 
+#include <LumoConnection/tables/create_tables.h>
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
 #include <test_support/places.h>
-
-#include "frontend/creation.h"
 
 namespace frontend {
 namespace {
@@ -20,7 +19,8 @@ TEST(OpenSession, TheProcessObjectsWorkOnItAlsoInMemory) {
         if (call.statement.starts_with("INSERT INTO Sem_Prozess")) inserted.push_back(call.statement);
     };
     const auto session = OpenSession({"Provider=Embedded;Data Source=:memory:", "", ""}, MissingFile::kRefuse, watcher).session;
-    RunScript(session, ReadScript(test_support::SourceDir() + "/schema/process.sql"), [] {});
+    EXPECT_TRUE(LumoConnection::RunFiles(
+        session, {LumoConnection::ReadSqlFile(test_support::SourceDir() + "/schema/process.sql")}));
     MakeInfoStarter()->Starten(8, 57, 11);
     const auto process = MakeInfoDispatcher();
     process->Initialisieren(8, 57, 1, 130);
@@ -31,7 +31,8 @@ TEST(OpenSession, TheProcessObjectsWorkOnItAlsoInMemory) {
 TEST(OpenSession, TheLaterOneCounts) {
     const auto Open = [] {
         auto session = OpenSession({"Provider=Embedded;Data Source=:memory:", "", ""}, MissingFile::kRefuse).session;
-        RunScript(session, ReadScript(test_support::SourceDir() + "/schema/process.sql"), [] {});
+        EXPECT_TRUE(LumoConnection::RunFiles(
+            session, {LumoConnection::ReadSqlFile(test_support::SourceDir() + "/schema/process.sql")}));
         return session;
     };
     const auto earlier = Open();

@@ -45,6 +45,13 @@ Parameter& Command::Flag(std::string name, bool& target, std::string help) {
     return options_.emplace_back(std::move(name), &target, "", std::move(help));
 }
 
+void Command::Writes(DryRun dry_run) {
+    way_of_dry_run_ = dry_run;
+    Flag("--dry-run", dry_run_, "Print the statements that it would send, and leave the database as it is");
+}
+
+void Command::Asks() { Flag("--yes", answered_, "Do not ask: the answer is yes"); }
+
 const Command* Command::Find(std::string_view name) const { return Named(commands_, name); }
 
 const Parameter* Command::FindOption(std::string_view name) const { return Named(options_, name); }

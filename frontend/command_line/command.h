@@ -109,6 +109,15 @@ struct Example {
     std::string what;
 };
 
+/// How a command that writes goes about --dry-run.
+enum class DryRun {
+    kNone,
+    /// It runs in a transaction that is taken back; the statements that it has sent are shown in place of what it prints.
+    kTakenBack,
+    /// It shows itself what it would send.
+    kOwn,
+};
+
 /// A command of the program, or a group of commands: its name, what it takes, what it does. What is said here is what
 /// the parser, the help, the manual and completion go by.
 class Command {
@@ -128,6 +137,12 @@ class Command {
     Parameter& Option(std::string name, Parameter::Target target, std::string value, std::string help);
     Parameter& Flag(std::string name, bool& target, std::string help);
 
+    /// The command changes the database. It gets the option --dry-run.
+    void Writes(DryRun dry_run = DryRun::kTakenBack);
+
+    /// The command asks before it does what cannot be taken back. It gets the option --yes, which answers.
+    void Asks();
+
     /// Paragraphs behind the options, parted by empty lines; they are wrapped as the screen wants it.
     void Remark(std::string text) { remark_ = std::move(text); }
 
@@ -141,6 +156,11 @@ class Command {
     const std::deque<Parameter>& Options() const { return options_; }
     const std::deque<Parameter>& Arguments() const { return arguments_; }
     const Action& Act() const { return action_; }
+    DryRun WayOfDryRun() const { return way_of_dry_run_; }
+    /// Whether --dry-run was typed.
+    bool IsDryRun() const { return dry_run_; }
+    /// Whether --yes was typed.
+    bool IsAnswered() const { return answered_; }
 
     /// Null for a name that is not there.
     const Command* Find(std::string_view name) const;
@@ -157,6 +177,9 @@ class Command {
     std::deque<Parameter> options_;
     std::deque<Parameter> arguments_;
     Action action_;
+    DryRun way_of_dry_run_ = DryRun::kNone;
+    bool dry_run_ = false;
+    bool answered_ = false;
 };
 
 /// A command and those above it, the program first.

@@ -59,6 +59,10 @@ std::vector<const Parameter*> OptionsOf(const ChosenCommand& chosen) {
     const auto& command = chosen.Innermost();
     if (LooksLikeOption(word)) {
         const auto name = word.substr(0, word.find('='));
+        if (name == "--dry-run") {
+            throw UsageError(
+                fmt::format("There is no --dry-run to \"{}\": it is for commands that write.", NameOf(chosen.path)));
+        }
         std::vector<std::string> names;
         for (const auto* option : OptionsOf(chosen)) names.push_back(option->Name());
         throw UsageError(fmt::format("There is no option {}.{}", Visible(name), DidYouMean(name, names)));

@@ -96,7 +96,7 @@ int ConsentForPerson(Context& context, const Request& request, Int32 user, bool 
         }
     } catch (...) {
         if (!before && EntryOf(context, request.person, request.date)) {
-            fmt::print(stderr, "lumoseminar: the entry was made, but its process was not opened.\n");
+            fmt::print(stderr, "lumoseminar: The entry was made, but its process was not opened.\n");
         }
         throw;
     }
@@ -220,6 +220,7 @@ void AddConsent(Command& program) {
         "For a person: an entry on the wait-list of the date gets its consent again; without one an entry is made and its\n"
         "process opened. For a need: the consent counts in the process of the need. Once that is approved the employee\n"
         "comes on the wait-list of the date, with an entry that has no process of its own yet.");
+    command.Writes();
     command.Does([options](Context& context) { return Consent(context, *options); });
 }
 
@@ -238,6 +239,7 @@ void AddApprove(Command& program) {
         "costs of the date a cost line; the entry stays. Neither the consent nor what speaks against it (check) is looked\n"
         "at. Where the person is a participant already nobody is enrolled, but the approval stays recorded. The process is\n"
         "not told of what is done without it.");
+    command.Writes();
     command.Does([options](Context& context) { return Approve(context, *options); });
 }
 
@@ -246,6 +248,7 @@ void AddWithdraw(Command& program) {
     const auto typed = std::make_shared<TypedRequest>();
     AddRequest(command, *typed, "Number of the user who withdraws it");
     command.Remark("The entry stays, and its process is not told.");
+    command.Writes();
     command.Does([typed](Context& context) { return Withdraw(context, *typed); });
 }
 

@@ -48,19 +48,22 @@ TEST_F(BudgetCommand, OfADayInNoYear) {
     const auto done = Run({"budget", "of", "2011-04-01"});
     EXPECT_EQ(done.code, 1);
     EXPECT_EQ(done.out, "");
-    EXPECT_EQ(done.err, "lumoseminar: error 5: 01.04.2011 lies in no budget year.\n");
+    EXPECT_EQ(done.err, "lumoseminar: 01.04.2011 lies in no budget year.\n");
 }
 
 TEST_F(BudgetCommand, ARefusedSelectIsToldWithItsLabels) {
     ASSERT_EQ(Run({"sql", "drop table Sem_BudgetJahr_IT"}).code, 0);
-    for (const Arguments& arguments : {Arguments{"budget", "list"}, Arguments{"budget", "of", "2010-01-01"}}) {
+    for (const Arguments& arguments :
+         {Arguments{"budget", "list", "--verbose"}, Arguments{"--verbose", "budget", "of", "2010-01-01"}}) {
         const auto done = Run(arguments);
         EXPECT_EQ(done.code, 1);
         EXPECT_EQ(done.out, "");
         EXPECT_EQ(done.err,
-                  "lumoseminar: error 9999: Invalid object name 'Sem_BudgetJahr_IT'.\n"
+                  "lumoseminar: The database refused it: Invalid object name 'Sem_BudgetJahr_IT'.\n"
+                  "    error 9999, LumoSeminar\n"
                   "    in LumoSeminar.LoadKeysFromDataBase\n"
-                  "    in LumoSeminar.Init\n");
+                  "    in LumoSeminar.Init\n"
+                  "    in the statement Select JahrID,von,bis from Sem_BudgetJahr_IT Order by Von\n");
     }
 }
 

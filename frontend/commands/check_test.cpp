@@ -99,11 +99,11 @@ TEST_F(CheckCommandWithFindings, LeavesOutChecksThatAreNotWanted) {
 TEST_F(CheckCommand, WhatIsNotThere) {
     const auto date = Run({"check", "67", "130"});
     EXPECT_EQ(date.code, 1);
-    EXPECT_EQ(date.err, "lumoseminar: error 5: There is no date 67 of client 1 or common to all.\n");
+    EXPECT_EQ(date.err, "lumoseminar: There is no date 67 of client 1.\n");
     const auto person = Run({"check", "78", "130", "--kind", "worker"});
     EXPECT_EQ(person.code, 1);
     EXPECT_EQ(person.out, "");
-    EXPECT_EQ(person.err, "lumoseminar: error 5: There is no worker 130.\n");
+    EXPECT_EQ(person.err, "lumoseminar: There is no worker 130.\n");
 }
 
 TEST_F(CheckCommand, WrongUsage) {

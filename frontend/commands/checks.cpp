@@ -62,7 +62,7 @@ void RequireRow(Context& context, std::string_view column, Int32 key) {
     const auto* const referred = std::ranges::find(kReferred, column, &Referred::column);
     if (referred != std::end(kReferred)) RequireRow(context, *referred, key);
     if (column == "SemID") SeminarOf(context, key);
-    if (column == "SemTerminID" && !HasDate(context, key)) RaiseNoSuchDate(context, key);
+    if (column == "SemTerminID" && !HasDate(context, key)) RaiseNoSuch(context, "date", key);
 }
 
 }  // namespace frontend

@@ -1,5 +1,7 @@
 #include "frontend/commands/columns.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 
 #include "frontend/read_value.h"
@@ -10,7 +12,19 @@ using namespace LumoSeminar;
 
 namespace {
 
+constexpr Int16 kTrue = -1;
+
 char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+Int16 ReadTruth(std::string_view named, const std::string& typed) {
+    for (const char* word : {"yes", "true", "ja", "-1", "1"}) {
+        if (IsSameName(typed, word)) return kTrue;
+    }
+    for (const char* word : {"no", "false", "nein", "0"}) {
+        if (IsSameName(typed, word)) return 0;
+    }
+    throw UsageError(fmt::format("{}: {} is neither yes nor no.", named, OneLine(typed)));
+}
 
 }  // namespace
 
@@ -25,6 +39,8 @@ const char* TypeName(Form form) {
             return "DAY";
         case Form::kClock:
             return "TIME";
+        case Form::kTruth:
+            return "YES|NO";
         default:
             return "N";
     }
@@ -46,6 +62,8 @@ Variant ReadAs(Form form, std::string_view named, const std::string& typed) {
             return typed.empty() ? DateTime() : ReadDay(named, typed);
         case Form::kClock:
             return typed.empty() ? DateTime() : ReadClock(named, typed);
+        case Form::kTruth:
+            return ReadTruth(named, typed);
         case Form::kText:
             break;
     }
@@ -53,6 +71,9 @@ Variant ReadAs(Form form, std::string_view named, const std::string& typed) {
 }
 
 Variant ShownAs(Form form, Variant value) {
+    if (const auto* flag = value.If<Int16>(); flag != nullptr && form == Form::kTruth) {
+        return *flag == kTrue || *flag == 0 ? Variant(*flag == kTrue) : value;
+    }
     const auto* moment = value.If<DateTime>();
     if (moment == nullptr) return value;
     if (!*moment) return Variant::Null();

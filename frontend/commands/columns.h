@@ -23,8 +23,9 @@
 namespace frontend {
 
 /// How a value is typed and shown. A day or a time of day that is 0 is not set: it is typed as nothing at all and shown
-/// as NULL. A time of day is shown as the text "hh:mm".
-enum class Form { kInt32, kInt16, kByte, kDouble, kMoney, kText, kDay, kClock };
+/// as NULL. A time of day is shown as the text "hh:mm". A truth value is typed as yes or no, true or false, -1 or 0; a
+/// number that is neither -1 nor 0 is shown as it stands.
+enum class Form { kInt32, kInt16, kByte, kDouble, kMoney, kText, kDay, kClock, kTruth };
 
 /// What the help says in place of a value.
 const char* TypeName(Form form);
@@ -90,13 +91,14 @@ struct Column {
     template <class T>
     using Of = Property<Thing, T>;
     using Clock = Property<Thing, LumoSeminar::DateTime, Form::kClock>;
+    using Truth = Property<Thing, LumoSeminar::Int16, Form::kTruth>;
 
     const char* name;
     /// Without the two dashes.
     const char* option;
     const char* help;
     std::variant<Of<LumoSeminar::Int32>, Of<LumoSeminar::Int16>, Of<LumoSeminar::Byte>, Of<LumoSeminar::Double>,
-                 Of<LumoSeminar::Money>, Of<LumoSeminar::Text>, Of<LumoSeminar::DateTime>, Clock,
+                 Of<LumoSeminar::Money>, Of<LumoSeminar::Text>, Of<LumoSeminar::DateTime>, Clock, Truth,
                  LoadingProperty<Thing, LumoSeminar::Text>, LoadingProperty<Thing, LumoSeminar::DateTime>>
         property;
     /// Whether the short list shows it.

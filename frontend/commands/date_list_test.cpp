@@ -92,7 +92,7 @@ TEST_F(DateList, AllColumnsAsCsv) {
               "BeginnUhrzeit,EndeUhrzeit,MinTeil,MaxTeil,OptTeil,Stunden,Sitzungen,SerienID,KostenProTN,StornoDatum,"
               "StornoKosten,AbbruchDatum,AbbruchKosten,AnmeldefristDatum,BeurteilungID,VeranstalterID,"
               "VeranstaltungsOrtID,Bemerkung\n"
-              "60,1,1,FK-301/10-1,Vom Kollegen zum Vorgesetzten,31,15,0,11,2010-09-02T00:00:00,2010-10-28T00:00:00,09:00,"
+              "60,1,1,FK-301/10-1,Vom Kollegen zum Vorgesetzten,31,15,false,11,2010-09-02T00:00:00,2010-10-28T00:00:00,09:00,"
               "16:00,6,12,10,21,3,6,870.00,2010-08-05T00:00:00,250.00,2010-08-19T00:00:00,870.00,2010-07-22T00:00:00,0,9,"
               "7,Drei Module im Abstand von vier Wochen\n");
 }
@@ -215,11 +215,11 @@ TEST_F(DateList, ARefusedStatementIsToldAbout) {
     const auto groups = Run({"dates", "list", "--by", "budget"});
     EXPECT_EQ(groups.code, 1);
     EXPECT_EQ(groups.out, "");
-    EXPECT_THAT(groups.err, HasSubstr("error 9999: Invalid object name 'Sem_BudgetJahr_IT'."));
+    EXPECT_THAT(groups.err, HasSubstr("The database refused it: Invalid object name 'Sem_BudgetJahr_IT'."));
     Sql("drop table Sem_Termin_IT");
     const auto list = Run({"dates", "list"});
     EXPECT_EQ(list.code, 1);
-    EXPECT_THAT(list.err, HasSubstr("error 9999: Invalid object name 'Sem_Termin_IT'."));
+    EXPECT_THAT(list.err, HasSubstr("The database refused it: Invalid object name 'Sem_Termin_IT'."));
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "frontend/asking.h"
 #include "frontend/commands/checks.h"
 #include "frontend/commands/commands.h"
 #include "frontend/commands/date_columns.h"
@@ -16,6 +17,7 @@
 #include "frontend/exit_codes.h"
 #include "frontend/output/counted.h"
 #include "frontend/output/month_calendar.h"
+#include "frontend/output/screen_text.h"
 #include "frontend/read_value.h"
 
 namespace frontend {
@@ -49,7 +51,7 @@ void PrintDate(const Context& context, const Shown& shown) {
 }
 
 void PrintCalendar(const Context& context, const std::vector<DateTime>& days, bool weeks) {
-    if (context.options.format != Format::kTable) return;
+    if (!context.IsForPeople()) return;
     fmt::print("\n");
     PrintMonthCalendar(days, weeks);
 }
@@ -180,7 +182,7 @@ int Add(Context& context, const DateChanges& changes) {
             LetDays(*date, changes);
             Write(context, *date);
         } catch (...) {
-            fmt::print(stderr, "lumoseminar: date {} was added, but not with all its days.\n", date->SemTerminID());
+            fmt::print(stderr, "lumoseminar: Date {} was added, but not with all its days.\n", date->SemTerminID());
             throw;
         }
     }
@@ -196,13 +198,14 @@ void AddAdd(Command& dates) {
         "The key is the greatest one plus 1. Client, title, content, clerk, limits, hours, sessions, series and costs\n"
         "come from the seminar where they are not typed. From --begin on there is a day for each session: by the\n"
         "series, otherwise one day after the other. Without --begin the date stays open.");
+    command.Writes();
     command.Does([values](Context& context) { return Add(context, ReadDateChanges(*values, {})); });
 }
 
 // set
 
 void TellDaysOfUnsavedDate(Int32 key, std::size_t before, std::size_t after) {
-    fmt::print(stderr, "lumoseminar: date {} was not saved, but its days were changed: {} before, {} now.\n", key,
+    fmt::print(stderr, "lumoseminar: Date {} was not saved, but its days were changed: {} before, {} now.\n", key,
                before, after);
 }
 
@@ -226,7 +229,7 @@ int Set(Context& context, Int32 key, const DateChanges& changes) {
     const auto stored = Stored(context, key);
     const Shown shown{stored, DaysOf(*stored)};
     PrintDate(context, shown);
-    if (context.options.format == Format::kTable && shown.days != before) {
+    if (context.IsForPeople() && shown.days != before) {
         fmt::print("\nBefore: {}\n", Counted(before.size(), "day"));
         PrintCalendar(context, before, false);
         fmt::print("\nNow: {}\n", Counted(shown.days.size(), "day"));
@@ -249,6 +252,7 @@ void AddSet(Command& dates) {
         "Another BeginnDatum deletes all days and makes as many as there are Sitzungen, by the series, otherwise one\n"
         "day after the other. Another EndeDatum adds days behind the last one or deletes those behind it. Every save\n"
         "gives all days the times of the date. A day or a time is taken away by typing none, as in StornoDatum=.");
+    command.Writes();
     command.Does([typed, values](Context& context) {
         const Int32 key = ReadInt32("KEY", typed->key);
         return Set(context, key, ReadDateChanges(*values, typed->pairs));
@@ -257,12 +261,42 @@ void AddSet(Command& dates) {
 
 // remove
 
+bool IsUsedOnce(Context& context, Int32 series) {
+    const auto where = fmt::format("SerienID = {}", series);
+    const auto Uses = [&](const char* table) {
+        const auto count = context.Session()->LookupValue("count(*)", table, where);
+        return count.IsNull() ? 0 : To<Int32>(count);
+    };
+    return series != 0 && Uses("Sem_Termin_IT") + Uses("Sem_Katalog_IT") == 1;
+}
+
+// Asked of objects of their own: those that are removed are to read what goes with them when they go.
+std::string WhatGoes(Context& context, Int32 key) {
+    const auto date = DateOf(context, key);
+    const auto text = fmt::format("Date {}, {}:", key, Visible(date->Titel(false)));
+    const auto gone = SentenceOn({{static_cast<std::size_t>(date->clscolTeilnehmer()->Count()), "participant"},
+                                  {static_cast<std::size_t>(date->clscolSemTerminSchwerpunkte()->Count()), "focus area"},
+                                  {IsUsedOnce(context, date->SerienID()) ? std::size_t{1} : 0, "rule of recurrence"}},
+                                 "goes with it", "go with it");
+    const auto left =
+        SentenceOn({{DaysOf(*date).size(), "day"}, {static_cast<std::size_t>(date->colWarteliste()->Count()), "request"}},
+                   "stays behind", "stay behind");
+    return text + (gone.empty() ? " nothing else goes with it." : gone) + left + '\n';
+}
+
+Question MayRemove(Context& context, const std::vector<Int32>& keys) {
+    Question question{"", fmt::format("Remove {}?", Counted(keys.size(), "date")), "Nothing was removed."};
+    for (const Int32 key : keys) question.facts += WhatGoes(context, key);
+    return question;
+}
+
 int Remove(Context& context, const std::vector<Int32>& keys) {
     const auto list = DatesOf(context);
     // Every key is looked up before anything is removed.
     for (const Int32 key : keys) {
-        if (!list->Item(KeyText(key))) RaiseNoSuchDate(context, key);
+        if (!list->Item(KeyText(key))) RaiseNoSuch(context, "date", key);
     }
+    if (!IsAgreedOrYes(context, [&] { return MayRemove(context, keys); })) return kRefused;
     Sheet sheet{{DateColumns().key_name, "Titel", "Outcome", "DaysLeft"}, {}};
     const auto PrintSoFar = [&] {
         context.Print(sheet);
@@ -304,6 +338,8 @@ void AddRemove(Command& dates) {
         "Its participants and focus areas go with a date, and its series where no other date and no seminar uses it.\n"
         "Its days stay behind: remove them first with \"lumoseminar days remove\". A new date that gets the same key\n"
         "has them as its own.");
+    command.Asks();
+    command.Writes();
     command.Does([typed](Context& context) { return Remove(context, ReadKeys("KEY", *typed)); });
 }
 

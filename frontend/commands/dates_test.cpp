@@ -92,11 +92,11 @@ TEST_F(DatesCommand, ShowOfAnOpenDate) {
 
 TEST_F(DatesCommand, UnknownKeysAreRefused) {
     for (const Arguments& arguments : {Arguments{"dates", "show", "999"}, Arguments{"dates", "set", "999", "Status=2"},
-                                       Arguments{"dates", "remove", "61", "999"}}) {
+                                       Arguments{"dates", "remove", "--yes", "61", "999"}}) {
         const auto done = Run(arguments);
         EXPECT_EQ(done.code, 1);
         EXPECT_EQ(done.out, "");
-        EXPECT_EQ(done.err, "lumoseminar: error 5: There is no date 999 of client 1 or common to all.\n");
+        EXPECT_EQ(done.err, "lumoseminar: There is no date 999 of client 1.\n");
     }
     EXPECT_EQ(Run({"dates", "show", "67"}).code, 1) << "a date of client 2";
     EXPECT_EQ(Run({"dates", "show", "67", "--client", "2"}).code, 0);
@@ -175,7 +175,7 @@ TEST_F(DatesCommand, AddWithoutABeginIsOpenAndTakesEveryColumn) {
     EXPECT_EQ(date["Titel"], "Größe & \"Maß\"");
     EXPECT_EQ(date["SemID"], 34);
     EXPECT_EQ(date["InhaltZielID"], 4);
-    EXPECT_EQ(date["SelfService"], -1);
+    EXPECT_EQ(date["SelfService"], true);
     EXPECT_EQ(date["Sachbearbeiter"], 12);
     EXPECT_EQ(date["MinTeil"], 1);
     EXPECT_EQ(date["MaxTeil"], 9);
@@ -199,7 +199,7 @@ TEST_F(DatesCommand, AddForASeminarThatIsNotThereAddsNothing) {
     const auto done = Run({"dates", "add", "--seminar", "999", "--begin", "2010-03-03"});
     EXPECT_EQ(done.code, 1);
     EXPECT_EQ(done.out, "");
-    EXPECT_EQ(done.err, "lumoseminar: error 5: There is no seminar 999 of client 1 or common to all.\n");
+    EXPECT_EQ(done.err, "lumoseminar: There is no seminar 999 of client 1.\n");
     EXPECT_EQ(Run({"dates", "add", "--seminar", "36", "--begin", "2010-03-03"}).code, 1) << "a seminar of client 2";
     EXPECT_EQ(Count("Sem_Termin_IT", "SemTerminID > 81"), 0);
 }
@@ -209,18 +209,19 @@ TEST_F(DatesCommand, AddTellsThatTheDateIsThereWhereItsDaysAreRefused) {
     const auto done = Run({"dates", "add", "--seminar", "9", "--series", "8", "--sessions", "2", "--begin", "2010-03-01"});
     EXPECT_EQ(done.code, 1);
     EXPECT_EQ(done.out, "");
-    EXPECT_THAT(done.err, StartsWith("lumoseminar: date 82 was added, but not with all its days.\n"
-                                     "lumoseminar: error 9999: Violation of PRIMARY KEY constraint"));
+    EXPECT_THAT(done.err, StartsWith("lumoseminar: Date 82 was added, but not with all its days.\n"
+                                     "lumoseminar: The database refused it: Violation of PRIMARY KEY constraint"));
     EXPECT_EQ(Date(82)["Days"], 1);
     EXPECT_TRUE(Date(82)["BeginnDatum"].is_null());
 }
 
 TEST_F(DatesCommand, ATitleThatIsTooLongIsRefused) {
-    const auto done = Run({"dates", "add", "--seminar", "9", "--title", std::string(256, 'x')});
+    const auto done = Run({"dates", "add", "--seminar", "9", "--title", std::string(256, 'x'), "--verbose"});
     EXPECT_EQ(done.code, 1);
     EXPECT_EQ(done.out, "");
-    EXPECT_THAT(done.err, StartsWith("lumoseminar: error 9999: "));
-    EXPECT_THAT(done.err, EndsWith("\n    LumoSeminar062.clsTermin.WriteToDatabase\n"));
+    EXPECT_THAT(done.err, StartsWith("lumoseminar: The database refused it: "));
+    EXPECT_THAT(done.err,
+                HasSubstr("\n    LumoSeminar062.clsTermin.WriteToDatabase\n    in the statement INSERT INTO Sem_Termin_IT "));
     EXPECT_EQ(Count("Sem_Termin_IT", "SemTerminID > 81"), 0);
 }
 
@@ -313,16 +314,16 @@ TEST_F(DatesCommand, SetTellsThatTheDaysHaveChangedWhereTheDateIsNotSaved) {
     const auto done = Run({"dates", "set", "61", "EndeDatum=2010-09-08", title});
     EXPECT_EQ(done.code, 1);
     EXPECT_EQ(done.out, "");
-    EXPECT_THAT(done.err, StartsWith("lumoseminar: date 61 was not saved, but its days were changed: 5 before, 3 now.\n"
-                                     "lumoseminar: error 9999: "));
+    EXPECT_THAT(done.err, StartsWith("lumoseminar: Date 61 was not saved, but its days were changed: 5 before, 3 now.\n"
+                                     "lumoseminar: The database refused it: "));
     EXPECT_EQ(Date(61)["EndeDatum"], "2010-09-10T00:00:00");
     const auto same_days = Run({"dates", "set", "61", title});
     EXPECT_EQ(same_days.code, 1);
-    EXPECT_THAT(same_days.err, StartsWith("lumoseminar: error 9999: "));
+    EXPECT_THAT(same_days.err, StartsWith("lumoseminar: The database refused it: "));
 }
 
 TEST_F(DatesCommand, RemoveTellsWhichDaysStayBehind) {
-    const auto done = Run({"dates", "remove", "79", "61", "79"});
+    const auto done = Run({"dates", "remove", "--yes", "79", "61", "79"});
     EXPECT_EQ(done.code, 0) << done.err;
     EXPECT_EQ(done.out,
               "SemTerminID  Titel                                     Outcome  DaysLeft\n"
@@ -338,7 +339,7 @@ TEST_F(DatesCommand, RemoveTellsWhichDaysStayBehind) {
 TEST_F(DatesCommand, RemoveTakesASeriesWithItThatNothingElseUses) {
     ASSERT_EQ(Run({"series", "add", "--begin", "09:00", "--end", "16:30", "--daily"}).code, 0);
     ASSERT_EQ(Run({"dates", "add", "--seminar", "9", "--series", "8"}).code, 0);
-    const auto done = Json({"dates", "remove", "82"});
+    const auto done = Json({"dates", "remove", "--yes", "82"});
     ASSERT_EQ(done.size(), 1U);
     EXPECT_EQ(done[0]["Outcome"], "removed");
     EXPECT_EQ(done[0]["DaysLeft"], 0);
@@ -347,14 +348,14 @@ TEST_F(DatesCommand, RemoveTakesASeriesWithItThatNothingElseUses) {
 
 TEST_F(DatesCommand, RemoveShowsWhatWasRemovedBeforeARefusal) {
     Sql("drop table Sem_Serien_IT");
-    const auto done = Run({"dates", "remove", "61", "79", "80"});
+    const auto done = Run({"dates", "remove", "--yes", "61", "79", "80"});
     EXPECT_EQ(done.code, 1);
     EXPECT_EQ(done.out,
               "SemTerminID  Titel                                     Outcome                  DaysLeft\n"
               "-----------  ----------------------------------------  -----------------------  --------\n"
               "         61  CNC-Drehen: Programmieren und Einrichten  removed                         5\n"
               "         79  Additive Fertigung: 3D-Druck in Metall    removed, its series not         0\n");
-    EXPECT_THAT(done.err, HasSubstr("lumoseminar: error 9999: Invalid object name 'Sem_Serien_IT'."));
+    EXPECT_THAT(done.err, HasSubstr("lumoseminar: The database refused it: Invalid object name 'Sem_Serien_IT'."));
     EXPECT_EQ(Count("Sem_Termin_IT", "SemTerminID in (61, 79, 80)"), 1);
 }
 

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "frontend/asking.h"
 #include "frontend/commands/arguments.h"
 #include "frontend/commands/checks.h"
 #include "frontend/commands/commands.h"
@@ -13,6 +14,7 @@
 #include "frontend/exit_codes.h"
 #include "frontend/output/counted.h"
 #include "frontend/output/month_calendar.h"
+#include "frontend/output/screen_text.h"
 #include "frontend/read_value.h"
 
 namespace frontend {
@@ -115,6 +117,7 @@ void AddAdd(Command& days) {
     command.Remark(
         "First and last day of the date stay as they are. The next save of the date gives all its days the times of\n"
         "the date.");
+    command.Writes();
     command.Does([options](Context& context) { return Add(context, *options); });
 }
 
@@ -128,6 +131,13 @@ int Remove(Context& context, Int32 key, const std::vector<DateTime>& wanted) {
         if (days->Item(DayKey(*date, day))) continue;
         Raise(ErrorNumber::kKeyNotFound, fmt::format("Date {} does not take place on {}.", key, DateText(day)));
     }
+    const auto MayRemove = [&] {
+        const auto left = static_cast<std::size_t>(days->Count()) - wanted.size();
+        return Question{fmt::format("Date {}, {}: {} of its {} stay.\n", key, Visible(date->Titel(false)), left,
+                                    Counted(left + wanted.size(), "day")),
+                        fmt::format("Remove {}?", Counted(wanted.size(), "day")), "Nothing was removed."};
+    };
+    if (!IsAgreedOrYes(context, MayRemove)) return kRefused;
     Sheet sheet{{"Termin", "Outcome"}, {}};
     try {
         for (const auto day : wanted) {
@@ -153,6 +163,8 @@ void AddRemove(Command& days) {
     AddDateOption(command, typed->date);
     command.Argument("DAY", &typed->days, "Each day, as 1.3.2027, today or +7d").Required();
     command.Remark("First and last day of the date stay as they are.");
+    command.Asks();
+    command.Writes();
     command.Does([typed](Context& context) {
         const Int32 key = ReadInt32("DATE", typed->date);
         std::vector<DateTime> wanted;

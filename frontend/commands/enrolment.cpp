@@ -1,10 +1,10 @@
 #include "frontend/commands/enrolment.h"
+#include "frontend/asking.h"
 #include "frontend/commands/arguments.h"
 
 #include <fmt/format.h>
 
 #include <cstdio>
-#include <iostream>
 #include <memory>
 #include <string>
 
@@ -17,7 +17,6 @@
 #include "frontend/output/counted.h"
 #include "frontend/output/findings.h"
 #include "frontend/output/screen_text.h"
-#include "frontend/output/terminal.h"
 #include "frontend/read_value.h"
 
 namespace frontend {
@@ -26,11 +25,14 @@ using namespace LumoSeminar;
 
 namespace {
 
+constexpr const char* kAllTheSame = "Enrol all the same?";
+
 struct EnrolOptions {
     std::string date;
     std::string person;
     std::string kind;
     bool force = false;
+    bool overbook = false;
     bool no_check_seminar = false;
     bool no_check_taken = false;
     bool no_check_prerequisites = false;
@@ -49,23 +51,29 @@ void PrintFindings(colErrorMsg& findings, Language language) {
     for (const auto& finding : findings.NewEnum()) fmt::print(stderr, "    {}\n", FindingText(*finding, language));
 }
 
-// No where there is nobody to be asked.
-bool IsWantedAllTheSame() {
-    if (!TerminalOf(stdin).is_terminal || !TerminalOf(stderr).is_terminal) return false;
-    fmt::print(stderr, "Enrol all the same? [y/N] ");
-    std::string answer;
-    std::getline(std::cin, answer);
-    return answer == "y" || answer == "Y" || answer == "yes";
+Text NotEnrolled(clsTeilnehmer& participant, Int32 date) {
+    return fmt::format("{} was not enrolled in date {}.", Visible(participant.NameVorname()), date);
 }
 
 // Whether nothing speaks against it, or it is wanted all the same.
-bool IsToBeWritten(clsTeilnehmer& participant, const EnrolOptions& options) {
+bool IsToBeWritten(const Context& context, clsTeilnehmer& participant, Int32 date, const EnrolOptions& options) {
     if (participant.CheckTeilnehmerAnmeldung(!options.no_check_seminar, !options.no_check_taken,
                                              !options.no_check_prerequisites)) {
         return true;
     }
     PrintFindings(*participant.colErrorsAnmeldung(), options.german ? Language::kGerman : Language::kEnglish);
-    return options.force || IsWantedAllTheSame();
+    return options.force || IsAgreed(context, {"", kAllTheSame, NotEnrolled(participant, date), "--force"});
+}
+
+// Whether there is a place, or it is wanted all the same.
+// @param enrolled  how many are, without this one
+bool HasPlace(const Context& context, clsTeilnehmer& participant, clsTermin& date, Int32 enrolled, const EnrolOptions& options) {
+    const Int32 places = date.MaxTeil();
+    if (options.overbook || places == 0 || enrolled < places || participant.Teilnahme() == 0) return true;
+    return IsAgreed(context, {fmt::format("Date {} is full: {} for {}.\n", date.SemTerminID(),
+                                          Counted(static_cast<std::size_t>(enrolled), "participant"),
+                                          Counted(static_cast<std::size_t>(places), "place")),
+                              kAllTheSame, NotEnrolled(participant, date.SemTerminID()), "--overbook"});
 }
 
 void WriteWithCosts(Context& context, clsTeilnehmer& participant, Money costs) {
@@ -75,7 +83,7 @@ void WriteWithCosts(Context& context, clsTeilnehmer& participant, Money costs) {
         WriteParticipant(context, participant);
     } catch (...) {
         if (const Int32 key = participant.TeilnehmerID(); key != 0) {
-            fmt::print(stderr, "lumoseminar: participant {} was enrolled, but without the costs.\n", key);
+            fmt::print(stderr, "lumoseminar: Participant {} was enrolled, but without the costs.\n", key);
         }
         throw;
     }
@@ -90,6 +98,7 @@ int Enrol(Context& context, const EnrolOptions& options, const TypedValues& valu
     const auto person = PersonOf(context, person_key, kind);
     // The list that the date counts its places by.
     const auto list = date->clscolTeilnehmer();
+    const Int32 enrolled = date->AnzAnmeldungen();
     const auto participant = list->AddEmptyObject().As<clsTeilnehmer>();
     const Text key_in_list = participant->Key();
     try {
@@ -97,10 +106,8 @@ int Enrol(Context& context, const EnrolOptions& options, const TypedValues& valu
         EnrolmentColumns().LetTextsAgain(*participant);
         LetAll(*participant, changes);
         CheckAttendance(*participant, changes);
-        if (!IsToBeWritten(*participant, options)) {
+        if (!IsToBeWritten(context, *participant, key, options) || !HasPlace(context, *participant, *date, enrolled, options)) {
             list->RemoveColOnly(key_in_list);
-            fmt::print(stderr, "lumoseminar: {} was not enrolled in date {}; --force enrols all the same.\n",
-                       Visible(participant->NameVorname()), key);
             return kRefused;
         }
         WriteWithCosts(context, *participant, date->KostenProTN());
@@ -123,6 +130,7 @@ void AddEnrol(Command& participants) {
     TakePerson(command, &options->person);
     AddKindOption(command, options->kind);
     command.Flag("--force", options->force, "Enrol whatever the checks find");
+    command.Flag("--overbook", options->overbook, "Enrol whether or not a place is free");
     command.Flag("--no-check-seminar", options->no_check_seminar, "Do not look for open dates of the same seminar");
     command.Flag("--no-check-taken", options->no_check_taken, "Do not look whether the seminar was taken before");
     command.Flag("--no-check-prerequisites", options->no_check_prerequisites, "Do not look at prerequisites");
@@ -130,9 +138,10 @@ void AddEnrol(Command& participants) {
     const auto values = EnrolmentColumns().AddOptions(command);
     command.Remark(
         "What speaks against it is told on standard error. Then nothing is written, unless with --force or after a yes\n"
-        "on a terminal. Places that are free are not among the checks. For a temporary worker they look at everybody's\n"
+        "on a terminal; the same goes for a date that is full, with --overbook. For a temporary worker they look at everybody's\n"
         "enrolments. What the date costs each participant becomes a cost line. Days and times that are not typed are\n"
         "those of the date.");
+    command.Writes();
     command.Does([options, values](Context& context) { return Enrol(context, *options, *values); });
 }
 

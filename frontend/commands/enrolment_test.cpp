@@ -83,7 +83,7 @@ TEST_F(EnrolCommand, StoresTheRecordWithTheCostsOfTheDate) {
               "LAID              0\n"
               "ErfDatum          2010-09-07\n"
               "ErfUser           lena\n"
-              "Teilnahme         -1\n"
+              "Teilnahme         yes\n"
               "Herkunft          3\n"
               "BeginnDatum       2010-11-24\n"
               "BegUhrzeit        09:00\n"
@@ -126,8 +126,8 @@ TEST_F(EnrolCommand, TakesApplicantsTemporaryWorkersAndEmployeesOfOtherClients) 
 
 TEST_F(EnrolCommand, TakesColumnsFromOptions) {
     const auto record = Json(Enrol(60, 130,
-                                   {"--remark", "nur \"Ü\"-Teil", "--begin", "30.09.2010", "--from", "10:15",
-                                    "--origin", "5", "--result", "3", "--entered-by", "maria"}));
+                                   {"--overbook", "--remark", "nur \"Ü\"-Teil", "--begin", "30.09.2010", "--from",
+                                    "10:15", "--origin", "5", "--result", "3", "--entered-by", "maria"}));
     EXPECT_EQ(record["Bemerkung"], "nur \"Ü\"-Teil");
     EXPECT_EQ(record["BeginnDatum"], "2010-09-30T00:00:00");
     EXPECT_EQ(record["EndeDatum"], "2010-10-28T00:00:00") << "that of the date";
@@ -144,27 +144,44 @@ TEST_F(EnrolCommand, OneWhoIsEnteredAsCancelledHasTheCostLineAllTheSame) {
 }
 
 TEST_F(EnrolCommand, TellsThatADateIsOverbooked) {
-    const auto done = Run(Enrol(61, 130));
+    const auto done = Run(Enrol(61, 130, {"--overbook"}));
     EXPECT_EQ(done.code, 0);
     EXPECT_EQ(done.err, "overbooked by 1\n");
     EXPECT_EQ(Run({"participants", "list", "61"}).err, "9 participants, overbooked by 1\n");
 }
 
+TEST_F(EnrolCommand, OnAFullDateItAsks) {
+    const int before = Participants();
+    const auto refused = Run(Enrol(61, 130), "y\n");
+    EXPECT_EQ(refused.code, 1);
+    EXPECT_EQ(refused.out, "");
+    EXPECT_EQ(refused.err,
+              "Date 61 is full: 6 participants for 6 places.\n"
+              "lumoseminar: Kölbl, Norbert was not enrolled in date 61: nobody can be asked here, and --overbook was not given.\n");
+    const auto no = Sit(Enrol(61, 130), {.acts = {{kQuestion, "n\n"}}});
+    EXPECT_EQ(no.code, 1);
+    EXPECT_THAT(no.screen, HasSubstr("lumoseminar: Kölbl, Norbert was not enrolled in date 61.\r\n"));
+    EXPECT_EQ(Participants(), before);
+    EXPECT_EQ(Sit(Enrol(61, 130), {.acts = {{kQuestion, "Ja\n"}}}).code, 0);
+    EXPECT_EQ(Participants(), before + 1);
+    EXPECT_EQ(Run(Enrol(61, 131, {"--attendance", "no"})).code, 0) << "takes no place";
+}
+
 TEST_F(EnrolCommand, WithFindingsNothingIsWritten) {
     const int before = Participants();
-    const auto done = Run(Enrol(60, 309), "y\n");
+    const auto done = Run(Enrol(60, 309, {"--overbook"}), "y\n");
     EXPECT_EQ(done.code, 1);
     EXPECT_EQ(done.out, "");
     EXPECT_EQ(done.err,
               "1 finding:\n"
               "    The person is booked on another date at the same time: FT-112/10-1 - Fünfachsiges Fräsen für Fortgeschrittene\n"
-              "lumoseminar: Schmidt, Heike was not enrolled in date 60; --force enrols all the same.\n");
+              "lumoseminar: Schmidt, Heike was not enrolled in date 60: nobody can be asked here, and --force was not given.\n");
     EXPECT_EQ(Participants(), before);
-    EXPECT_EQ(Run(Enrol(60, 309, {"--format", "json"})).err, done.err);
+    EXPECT_EQ(Run(Enrol(60, 309, {"--overbook", "--format", "json"})).err, done.err);
 }
 
 TEST_F(EnrolCommand, ForceWritesInSpiteOfFindings) {
-    const auto done = Run(Enrol(60, 309, {"--force", "--format", "json"}));
+    const auto done = Run(Enrol(60, 309, {"--overbook", "--force", "--format", "json"}));
     EXPECT_EQ(done.code, 0);
     EXPECT_EQ(nlohmann::json::parse(done.out)["TeilnehmerID"], 642);
     EXPECT_EQ(done.err,
@@ -197,7 +214,7 @@ TEST_F(EnrolCommandWithAllFindings, SaysThemInPlainWords) {
               "    The person is booked on another date at the same time: FK-Ü - Üben \"kurz\"\n"
               "    The person has taken this seminar before: FT-102/09-1 - Form- und Lagetoleranzen\n"
               "    A prerequisite of the seminar is missing.\n"
-              "lumoseminar: Kölbl, Norbert was not enrolled in date 77; --force enrols all the same.\n");
+              "lumoseminar: Kölbl, Norbert was not enrolled in date 77: nobody can be asked here, and --force was not given.\n");
     EXPECT_EQ(Participants(), before_);
 }
 
@@ -211,7 +228,7 @@ TEST_F(EnrolCommandWithAllFindings, SaysThemInGerman) {
               "    Die Person ist zur selben Zeit in einem anderen Termin gebucht: FK-Ü - Üben \"kurz\"\n"
               "    Die Person hat dieses Seminar schon besucht: FT-102/09-1 - Form- und Lagetoleranzen\n"
               "    Eine Voraussetzung des Seminars fehlt.\n"
-              "lumoseminar: Kölbl, Norbert was not enrolled in date 77; --force enrols all the same.\n");
+              "lumoseminar: Kölbl, Norbert was not enrolled in date 77: nobody can be asked here, and --force was not given.\n");
 }
 
 TEST_F(EnrolCommandWithAllFindings, LeavesOutChecksThatAreNotWanted) {
@@ -237,10 +254,10 @@ TEST_F(EnrolCommand, ATemporaryWorkerIsToldTheFindingsOfEverybody) {
 TEST_F(EnrolCommand, OnATerminalAYesEnrols) {
     const int before = Participants();
     for (const char* yes : {"y\n", "Y\n", "yes\n"}) {
-        const auto done = Talk(Enrol(60, 309), yes);
+        const auto done = Talk(Enrol(60, 309, {"--overbook"}), yes);
         EXPECT_EQ(done.code, 0);
         EXPECT_THAT(done.shown, AllOf(HasSubstr("1 finding:"), HasSubstr(kQuestion), HasSubstr("Schmidt, Heike")));
-        ASSERT_EQ(Run({"participants", "remove", "642"}).code, 0) << done.shown;
+        ASSERT_EQ(Run({"participants", "remove", "--yes", "642"}).code, 0) << done.shown;
     }
     EXPECT_EQ(Participants(), before);
 }
@@ -248,7 +265,7 @@ TEST_F(EnrolCommand, OnATerminalAYesEnrols) {
 TEST_F(EnrolCommand, OnATerminalAnythingElseDoesNot) {
     const int before = Participants();
     for (const char* other : {"n\n", "\n", "yo\n", "\x04"}) {
-        const auto done = Talk(Enrol(60, 309), other);
+        const auto done = Talk(Enrol(60, 309, {"--overbook"}), other);
         EXPECT_EQ(done.code, 1);
         EXPECT_THAT(done.shown, AllOf(HasSubstr(kQuestion), HasSubstr("was not enrolled in date 60")));
     }
@@ -256,16 +273,16 @@ TEST_F(EnrolCommand, OnATerminalAnythingElseDoesNot) {
 }
 
 TEST_F(EnrolCommand, NobodyIsAskedWhereNobodyIsThereOrThereIsNothingToAsk) {
-    const auto errors_elsewhere = Talk(Enrol(60, 309), "y\n", "2>told");
+    const auto errors_elsewhere = Talk(Enrol(60, 309, {"--overbook"}), "y\n", "2>told");
     EXPECT_EQ(errors_elsewhere.code, 1) << errors_elsewhere.shown;
     EXPECT_THAT(ReadAll(folder_ / "told"), AllOf(HasSubstr("1 finding:"), Not(HasSubstr(kQuestion))));
-    const auto input_elsewhere = Talk(Enrol(60, 309), "", "</dev/null");
+    const auto input_elsewhere = Talk(Enrol(60, 309, {"--overbook"}), "", "</dev/null");
     EXPECT_EQ(input_elsewhere.code, 1);
     EXPECT_THAT(input_elsewhere.shown, AllOf(HasSubstr("1 finding:"), Not(HasSubstr(kQuestion))));
     const auto nothing_found = Talk(Enrol(78, 130), "n\n");
     EXPECT_EQ(nothing_found.code, 0);
     EXPECT_THAT(nothing_found.shown, Not(HasSubstr(kQuestion)));
-    const auto forced = Talk(Enrol(60, 309, {"--force"}), "n\n");
+    const auto forced = Talk(Enrol(60, 309, {"--overbook", "--force"}), "n\n");
     EXPECT_EQ(forced.code, 0);
     EXPECT_THAT(forced.shown, AllOf(HasSubstr("1 finding:"), Not(HasSubstr(kQuestion))));
 }
@@ -275,12 +292,12 @@ TEST_F(EnrolCommand, UnknownDatesAndPersons) {
     const auto date = Run(Enrol(67, 130));
     EXPECT_EQ(date.code, 1);
     EXPECT_EQ(date.out, "");
-    EXPECT_EQ(date.err, "lumoseminar: error 5: There is no date 67 of client 1 or common to all.\n");
+    EXPECT_EQ(date.err, "lumoseminar: There is no date 67 of client 1.\n");
     const auto person = Run(Enrol(78, 9999, {"--force"}));
     EXPECT_EQ(person.code, 1);
     EXPECT_EQ(person.out, "");
-    EXPECT_EQ(person.err, "lumoseminar: error 5: There is no employee 9999 of client 1.\n");
-    EXPECT_EQ(Run(Enrol(78, 130, {"--kind", "worker"})).err, "lumoseminar: error 5: There is no worker 130.\n");
+    EXPECT_EQ(person.err, "lumoseminar: There is no employee 9999 of client 1.\n");
+    EXPECT_EQ(Run(Enrol(78, 130, {"--kind", "worker"})).err, "lumoseminar: There is no worker 130.\n");
     EXPECT_EQ(Participants(), before);
 }
 
@@ -289,21 +306,21 @@ TEST_F(EnrolCommand, AnInsertThatIsRefusedIsTold) {
     const auto done = Run(Enrol(78, 130, {"--remark", std::string(256, 'x')}));
     EXPECT_EQ(done.code, 1);
     EXPECT_EQ(done.out, "");
-    EXPECT_THAT(done.err, StartsWith("lumoseminar: error 9999: "));
+    EXPECT_THAT(done.err, StartsWith("lumoseminar: The database refused it: "));
     EXPECT_EQ(Participants(), before);
     EXPECT_EQ(Count("Sem_Teilnehmer_Kosten_IT", "TeilnehmerID = 642"), 0);
 }
 
 TEST_F(EnrolCommand, CostsThatAreRefusedBehindTheInsertAreTold) {
     ASSERT_EQ(Run({"sql", "drop table sysIData_KostenArten"}).code, 0);
-    const auto done = Run(Enrol(78, 130));
+    const auto done = Run(Enrol(78, 130, {"--verbose"}));
     EXPECT_EQ(done.code, 1);
     EXPECT_EQ(done.out, "");
-    EXPECT_EQ(done.err,
-              "lumoseminar: participant 642 was enrolled, but without the costs.\n"
-              "lumoseminar: error 9999: Invalid object name 'sysIData_KostenArten'.\n"
-              "    in LumoSeminar.WriteToDatabase\n"
-              "    LumoSeminar062.clsTeilnehmer.WriteToDatabase\n");
+    EXPECT_THAT(done.err, StartsWith("lumoseminar: Participant 642 was enrolled, but without the costs.\n"
+                                     "lumoseminar: The database refused it: Invalid object name 'sysIData_KostenArten'.\n"
+                                     "    error 9999, LumoSeminar\n"
+                                     "    in LumoSeminar.WriteToDatabase\n"
+                                     "    LumoSeminar062.clsTeilnehmer.WriteToDatabase\n"));
     EXPECT_EQ(Count("Sem_Teilnehmer_IT", "TeilnehmerID = 642"), 1);
 }
 

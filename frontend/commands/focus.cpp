@@ -92,7 +92,7 @@ int Tie(Context& context, Int32 key, const std::string& name) {
     const bool is_new = area->SchwerpunktID() != 0;
     if (is_new && !IsThere(context, *area)) {
         if (!area->DeleteFromDatabase()) RaiseRefused(context.Session()->LastErrorText());
-        fmt::print(stderr, "lumoseminar: the focus area {} could not be made; nothing was tied.\n", OneLine(name));
+        fmt::print(stderr, "lumoseminar: The focus area {} could not be made; nothing was tied.\n", OneLine(name));
         return kRefused;
     }
     Print(context, *AreasOf<colSemTerminSchwerpunkte>(context, key), is_new ? "" : ", tied already");
@@ -109,15 +109,23 @@ void AddTie(Command& focus) {
     TakeDate(command, &typed->date);
     command.Argument("NAME", &typed->name, "Name of the focus area").Required().Naming(Names::kFocusArea);
     command.Remark("Where there is no focus area of that name it is made, with the greatest key plus 1.");
+    command.Writes();
     command.Does([typed](Context& context) { return Tie(context, ReadInt32("DATE", typed->date), typed->name); });
 }
 
 // untie
 
+Ref<clsSemTerminSchwerpunkt> AreaIn(colSemTerminSchwerpunkte& list, Int32 key, Int32 area_key) try {
+    return list.Item(KeyText(area_key));
+} catch (const Error& error) {
+    if (error.Number() != ErrorNumber::kKeyNotFound) throw;
+    Raise(error.Number(), fmt::format("Date {} is not tied to the focus area {}.", key, area_key));
+}
+
 int Untie(Context& context, Int32 key, Int32 area_key) {
     DateOf(context, key);
     const auto list = AreasOf<colSemTerminSchwerpunkte>(context, key);
-    const auto area = list->Item(KeyText(area_key));
+    const auto area = AreaIn(*list, key, area_key);
     const Text name = area->WBS();
     const Int32 before = list->Count();
     list->Remove(KeyText(area_key));
@@ -139,6 +147,7 @@ void AddUntie(Command& focus) {
     const auto typed = std::make_shared<Typed>();
     TakeDate(command, &typed->date);
     command.Argument("KEY", &typed->area, "SchwerpunktID or name of the focus area").Required().Naming(Names::kFocusArea);
+    command.Writes();
     command.Does([typed](Context& context) {
         const Int32 key = ReadInt32("DATE", typed->date);
         return Untie(context, key, ReadFocusArea(context, "KEY", typed->area));

@@ -44,12 +44,12 @@ TEST_F(FocusCommand, ListOfWhatIsNotThere) {
     const auto date = Run({"focus", "list", "--date", "67"});
     EXPECT_EQ(date.code, 1);
     EXPECT_EQ(date.out, "");
-    EXPECT_EQ(date.err, "lumoseminar: error 5: There is no date 67 of client 1 or common to all.\n");
+    EXPECT_EQ(date.err, "lumoseminar: There is no date 67 of client 1.\n");
     EXPECT_EQ(Run({"focus", "list", "--date", "67", "--client", "2"}).code, 0);
     const auto seminar = Run({"focus", "list", "--seminar", "99"});
     EXPECT_EQ(seminar.code, 1);
     EXPECT_EQ(seminar.out, "");
-    EXPECT_EQ(seminar.err, "lumoseminar: error 5: There is no seminar 99 of client 1 or common to all.\n");
+    EXPECT_EQ(seminar.err, "lumoseminar: There is no seminar 99 of client 1.\n");
 }
 
 TEST_F(FocusCommand, ListThatIsRefused) {
@@ -57,7 +57,7 @@ TEST_F(FocusCommand, ListThatIsRefused) {
     const auto done = Run({"focus", "list", "--date", "60"});
     EXPECT_EQ(done.code, 1);
     EXPECT_EQ(done.out, "");
-    EXPECT_EQ(done.err, "lumoseminar: error 9999: Invalid object name 'Sem_Termin_Schwerpunkte_IT'.\n");
+    EXPECT_EQ(done.err, "lumoseminar: The database refused it: Invalid object name 'Sem_Termin_Schwerpunkte_IT'.\n");
 }
 
 TEST_F(FocusCommand, TieFindsTheFocusAreaByItsName) {
@@ -94,7 +94,7 @@ TEST_F(FocusCommand, TieToAFocusAreaThatCannotBeMadeIsTakenBack) {
     const auto done = Run({"focus", "tie", "60", std::string(300, 'x')});
     EXPECT_EQ(done.code, 1);
     EXPECT_EQ(done.out, "");
-    EXPECT_EQ(done.err, "lumoseminar: the focus area \"" + std::string(60, 'x') + "...\" could not be made; nothing was tied.\n");
+    EXPECT_EQ(done.err, "lumoseminar: The focus area \"" + std::string(60, 'x') + "...\" could not be made; nothing was tied.\n");
     EXPECT_EQ(OfDate(60), kLeadership);
 }
 
@@ -140,9 +140,7 @@ TEST_F(FocusCommand, UntieOfWhatIsNotTied) {
     const auto done = Run({"focus", "untie", "60", "9"});
     EXPECT_EQ(done.code, 1);
     EXPECT_EQ(done.out, "");
-    EXPECT_EQ(done.err,
-              "lumoseminar: error 5: There is no entry under the key \"0000000009\" in the collection.\n"
-              "    LumoSeminar062.colSemTerminSchwerpunkte.Item\n");
+    EXPECT_EQ(done.err, "lumoseminar: Date 60 is not tied to the focus area 9.\n");
     EXPECT_EQ(OfDate(60), kLeadership);
 }
 
@@ -156,7 +154,7 @@ TEST_F(FocusCommand, UntieThatIsRefusedSaysWhy) {
     const auto done = Run({"focus", "untie", "60", "11"});
     EXPECT_EQ(done.code, 1);
     EXPECT_EQ(done.out, "");
-    EXPECT_THAT(done.err, StartsWith("lumoseminar: error 9999: The DELETE statement conflicted with"));
+    EXPECT_THAT(done.err, StartsWith("lumoseminar: The database refused it: The DELETE statement conflicted with"));
     EXPECT_EQ(OfDate(60), kLeadership);
 }
 
@@ -165,7 +163,7 @@ TEST_F(FocusCommand, TieAndUntieOfDatesOfOtherClients) {
         const auto done = Run(arguments);
         EXPECT_EQ(done.code, 1);
         EXPECT_EQ(done.out, "");
-        EXPECT_EQ(done.err, "lumoseminar: error 5: There is no date 67 of client 1 or common to all.\n");
+        EXPECT_EQ(done.err, "lumoseminar: There is no date 67 of client 1.\n");
     }
 }
 

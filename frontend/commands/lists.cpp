@@ -6,22 +6,24 @@ namespace frontend {
 
 using namespace LumoSeminar;
 
+void RaiseNoSuch(Context& context, std::string_view thing, Int32 key) {
+    Raise(ErrorNumber::kKeyNotFound, fmt::format("There is no {} {} of client {}.", thing, key, context.Client()));
+}
+
 Ref<colSeminare> SeminarsOf(Context& context) {
     auto list = New<colSeminare>();
     if (!list->Init(context.Client(), context.Session())) RaiseRefused(context.Session()->LastErrorText());
     return list;
 }
 
-Ref<clsSeminar> SeminarOf(Context& context, Int32 key) {
-    const auto list = SeminarsOf(context);
-    try {
-        return list->Item(KeyText(key));
-    } catch (const Error& error) {
-        if (error.Number() != ErrorNumber::kKeyNotFound) throw;
-    }
-    Raise(ErrorNumber::kKeyNotFound,
-          fmt::format("There is no seminar {} of client {} or common to all.", key, context.Client()));
+Ref<clsSeminar> SeminarIn(Context& context, colSeminare& list, Int32 key) try {
+    return list.Item(KeyText(key));
+} catch (const Error& error) {
+    if (error.Number() != ErrorNumber::kKeyNotFound) throw;
+    RaiseNoSuch(context, "seminar", key);
 }
+
+Ref<clsSeminar> SeminarOf(Context& context, Int32 key) { return SeminarIn(context, *SeminarsOf(context), key); }
 
 Ref<colTermine> DatesOf(Context& context, Int32 seminar, const Text& filter) {
     auto list = New<colTermine>();
@@ -44,12 +46,8 @@ bool HasDate(Context& context, Int32 key) { return OnlyDate(context, key)->Count
 
 Ref<clsTermin> DateOf(Context& context, Int32 key) {
     const auto list = OnlyDate(context, key);
-    if (list->Count() == 0) RaiseNoSuchDate(context, key);
+    if (list->Count() == 0) RaiseNoSuch(context, "date", key);
     return list->Item(1);
-}
-
-void RaiseNoSuchDate(Context& context, Int32 key) {
-    Raise(ErrorNumber::kKeyNotFound, fmt::format("There is no date {} of client {} or common to all.", key, context.Client()));
 }
 
 std::vector<DateTime> DaysOf(clsTermin& date) {

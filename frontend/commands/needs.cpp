@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "frontend/asking.h"
 #include "frontend/commands/arguments.h"
 #include "frontend/commands/commands.h"
 #include "frontend/commands/look_ups.h"
@@ -15,6 +16,7 @@
 #include "frontend/context.h"
 #include "frontend/exit_codes.h"
 #include "frontend/output/counted.h"
+#include "frontend/output/screen_text.h"
 #include "frontend/read_value.h"
 
 namespace frontend {
@@ -47,7 +49,7 @@ int List(Context& context, const ListOptions& options) {
     if (asks_for_user) sheet.columns.emplace_back("MayDecide");
     for (const auto& need : person->colWBBedarf()->NewEnum()) {
         AddNeedRow(context, sheet, *need);
-        if (asks_for_user) sheet.rows.back().emplace_back(need->BenutzerHatGenehmigungsrechte(user) ? "yes" : "no");
+        if (asks_for_user) sheet.rows.back().emplace_back(need->BenutzerHatGenehmigungsrechte(user));
     }
     context.Print(sheet);
     context.Note(Counted(sheet.rows.size(), "training need"));
@@ -95,7 +97,7 @@ int Add(Context& context, const PersonAndUser& typed) {
         need = person->BedarfErfassen(area, user);
     } catch (...) {
         if (CountOfNeeds(context, key) != before) {
-            fmt::print(stderr, "lumoseminar: the need was recorded, but its process was not opened.\n");
+            fmt::print(stderr, "lumoseminar: The need was recorded, but its process was not opened.\n");
         }
         throw;
     }
@@ -109,6 +111,7 @@ void AddAdd(Command& needs) {
     AddPerson(command, typed->person);
     command.Argument("AREA", &typed->area, "Key or name of the focus area (WBS)").Required().Naming(Names::kFocusArea);
     AddUserOption(command, typed->user, "Number of the user on whose behalf the process is opened").Required();
+    command.Writes();
     command.Does([typed](Context& context) { return Add(context, *typed); });
 }
 
@@ -137,6 +140,7 @@ void AddReject(Command& needs) {
     command.Argument("KEY", &typed->key, "WBID of the need").Required().Naming(Names::kNeed);
     AddUserOption(command, typed->user, "Number of the user who decides").Required();
     command.Remark("It is approved by consent --need.");
+    command.Writes();
     command.Does([typed](Context& context) {
         const Int32 key = ReadInt32("KEY", typed->key);
         return Reject(context, key, ReadUser(typed->user));
@@ -145,11 +149,25 @@ void AddReject(Command& needs) {
 
 // remove
 
+Question MayRemove(Context& context, const std::vector<Int32>& keys) {
+    Question question{"", fmt::format("Remove {}?", Counted(keys.size(), "training need")), "Nothing was removed."};
+    for (const Int32 key : keys) {
+        const auto need = NeedOf(context, key);
+        const Variant area = LookUpArea(context, "Weiterbildungsschwerpunkt", need->WBS());
+        question.facts +=
+            fmt::format("Training need {} of employee {}, {}: its process goes with it (\"{}\").\n", key, need->ANNr(),
+                        Visible(area.IsNull() ? fmt::format("focus area {}", need->WBS()) : To<Text>(area)),
+                        Visible(need->StatusText()));
+    }
+    return question;
+}
+
 int Remove(Context& context, const std::vector<Int32>& keys) {
     // Every key is looked up before anything is removed.
     std::vector<Ref<clsANWBBedarf>> needs;
     needs.reserve(keys.size());
     for (const Int32 key : keys) needs.push_back(NeedOf(context, key));
+    if (!IsAgreedOrYes(context, [&] { return MayRemove(context, keys); })) return kRefused;
     Sheet sheet{{"WBID", "ANNr", "Outcome"}, {}};
     try {
         for (const auto& need : needs) {
@@ -169,6 +187,8 @@ void AddRemove(Command& needs) {
     const auto typed = std::make_shared<std::vector<std::string>>();
     command.Argument("KEY", typed.get(), "WBID of each need").Required().Naming(Names::kNeed);
     command.Remark("Their processes are dropped.");
+    command.Asks();
+    command.Writes();
     command.Does([typed](Context& context) { return Remove(context, ReadKeys("KEY", *typed)); });
 }
 

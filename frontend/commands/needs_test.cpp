@@ -15,9 +15,7 @@ class NeedsCommand : public ApprovalCli {
     // Need 37, that of employee 130.
     void AddNeed() const { EXPECT_EQ(Json({"needs", "add", "130", "8", "--user-id", kNobody})["WBID"], 37); }
 
-    std::string MayDecide(const char* user) const {
-        return Json({"needs", "list", "130", "--user-id", user})[0]["MayDecide"];
-    }
+    bool MayDecide(const char* user) const { return Json({"needs", "list", "130", "--user-id", user})[0]["MayDecide"]; }
 
     int Needs() const { return Count("AN_WBBedarf_IT"); }
 };
@@ -52,14 +50,14 @@ TEST_F(NeedsCommand, ListGivesTheNumberOfOtherStatesAndLeavesOutNamesThatAreNotT
 
 TEST_F(NeedsCommand, ListTellsWhetherAUserMayDecideNow) {
     AddNeed();
-    EXPECT_EQ(MayDecide(kFirst), "yes");
-    EXPECT_EQ(MayDecide(kSecond), "no");
+    EXPECT_TRUE(MayDecide(kFirst));
+    EXPECT_FALSE(MayDecide(kSecond));
     ASSERT_EQ(Run({"consent", "71", "--need", "37", "--user-id", kFirst}).code, 0);
-    EXPECT_EQ(MayDecide(kFirst), "no");
-    EXPECT_EQ(MayDecide(kSecond), "yes");
+    EXPECT_FALSE(MayDecide(kFirst));
+    EXPECT_TRUE(MayDecide(kSecond));
     EXPECT_EQ(Need(130)["Process"], kAtSecond);
     ASSERT_EQ(Run({"needs", "reject", "37", "--user-id", kSecond}).code, 0);
-    EXPECT_EQ(MayDecide(kSecond), "no");
+    EXPECT_FALSE(MayDecide(kSecond));
 }
 
 TEST_F(NeedsCommand, ListCostsAsManyStatementsAsTheHelpSays) {
@@ -94,8 +92,8 @@ TEST_F(NeedsCommand, AddRecordsTheNeedAndOpensItsProcess) {
 
 TEST_F(NeedsCommand, AddForAPersonOrAFocusAreaThatIsNotThere) {
     const int before = Needs();
-    ExpectRefused(Run({"needs", "add", "9999", "8", "--user-id", kFirst}), "error 5: There is no employee 9999 of client 1.");
-    ExpectRefused(Run({"needs", "add", "130", "99", "--user-id", kFirst}), "error 5: There is no focus area 99.");
+    ExpectRefused(Run({"needs", "add", "9999", "8", "--user-id", kFirst}), "There is no employee 9999 of client 1.");
+    ExpectRefused(Run({"needs", "add", "130", "99", "--user-id", kFirst}), "There is no focus area 99.");
     EXPECT_EQ(Needs(), before);
 }
 
@@ -104,8 +102,8 @@ TEST_F(NeedsCommand, AddTellsThatTheProcessIsMissing) {
     const auto done = Run({"needs", "add", "130", "8", "--user-id", kFirst});
     EXPECT_EQ(done.code, 1);
     EXPECT_EQ(done.out, "");
-    EXPECT_THAT(done.err, StartsWith("lumoseminar: the need was recorded, but its process was not opened.\n"
-                                     "lumoseminar: error 9999: Invalid object name 'Sem_ProzessSchritt_IT'.\n"));
+    EXPECT_THAT(done.err, StartsWith("lumoseminar: The need was recorded, but its process was not opened.\n"
+                                     "lumoseminar: The database refused it: Invalid object name 'Sem_ProzessSchritt_IT'.\n"));
     EXPECT_EQ(Count("AN_WBBedarf_IT", "ANNr = 130"), 1);
 }
 
@@ -114,7 +112,7 @@ TEST_F(NeedsCommand, AddThatIsRefusedRecordsNothing) {
     const auto done = Run({"needs", "add", "130", "8", "--user-id", kFirst, "--user", "O'Neill"});
     EXPECT_EQ(done.code, 1);
     EXPECT_EQ(done.out, "");
-    EXPECT_THAT(done.err, StartsWith("lumoseminar: error 9999: "));
+    EXPECT_THAT(done.err, StartsWith("lumoseminar: The database refused it: "));
     EXPECT_EQ(Needs(), before);
     EXPECT_EQ(Count("Sem_ProzessSchritt_IT"), 0);
 }
@@ -157,7 +155,8 @@ TEST_F(NeedsCommand, RejectTellsTheStateWhereTheNeedCouldNotBeSettled) {
     const auto done = Run({"needs", "reject", "37", "--user-id", kFirst});
     EXPECT_EQ(done.code, 1);
     EXPECT_EQ(done.out, "");
-    EXPECT_THAT(done.err, StartsWith("lumoseminar: the process is in the state \"Abgelehnt\".\nlumoseminar: error 9999: "));
+    EXPECT_THAT(done.err,
+                StartsWith("lumoseminar: The process is in the state \"Abgelehnt\".\nlumoseminar: The database refused it: "));
     EXPECT_EQ(Need(130)["State"], "open");
 }
 
@@ -186,12 +185,12 @@ TEST_F(NeedsCommand, AddTakesNamesOfPersonAndFocusArea) {
 TEST_F(NeedsCommand, RejectWithoutTheTablesOfTheProcesses) {
     Sql("drop table Sem_ProzessSchritt_IT");
     ExpectRefused(Run({"needs", "reject", "31", "--user-id", kFirst}),
-                  "error 9999: Invalid object name 'Sem_ProzessSchritt_IT'.");
+                  "The database refused it: Invalid object name 'Sem_ProzessSchritt_IT'.");
 }
 
 TEST_F(NeedsCommand, RemoveDropsTheProcessToo) {
     AddNeed();
-    const auto done = Run({"needs", "remove", "37", "31"});
+    const auto done = Run({"needs", "remove", "--yes", "37", "31"});
     EXPECT_EQ(done.code, 0) << done.err;
     EXPECT_EQ(done.out,
               "WBID  ANNr  Outcome\n"
@@ -205,32 +204,32 @@ TEST_F(NeedsCommand, RemoveDropsTheProcessToo) {
 
 TEST_F(NeedsCommand, RemoveLooksUpEveryKeyFirst) {
     const int before = Needs();
-    ExpectRefused(Run({"needs", "remove", "31", "999"}), "error 5: There is no training need 999 of client 1.");
+    ExpectRefused(Run({"needs", "remove", "--yes", "31", "999"}), "There is no training need 999 of client 1.");
     EXPECT_EQ(Needs(), before);
 }
 
 TEST_F(NeedsCommand, RemoveShowsHowFarItCame) {
     Sql("create table Halt (WBID int not null, constraint FK_Halt foreign key (WBID) references AN_WBBedarf_IT (WBID)) "
         "insert into Halt values (4)");
-    const auto done = Run({"needs", "remove", "31", "4", "13", "--format", "csv"});
+    const auto done = Run({"needs", "remove", "--yes", "31", "4", "13", "--format", "csv"});
     EXPECT_EQ(done.code, 1);
     EXPECT_EQ(done.out, "WBID,ANNr,Outcome\n31,190,removed\n");
-    EXPECT_THAT(done.err, StartsWith("lumoseminar: error 9999: "));
+    EXPECT_THAT(done.err, StartsWith("lumoseminar: The database refused it: "));
     EXPECT_EQ(Count("AN_WBBedarf_IT", "WBID in (4, 13)"), 2);
 }
 
 TEST_F(NeedsCommand, NeedsThatAreNotThere) {
-    ExpectRefused(Run({"needs", "list", "9999"}), "error 5: There is no employee 9999 of client 1.");
+    ExpectRefused(Run({"needs", "list", "9999"}), "There is no employee 9999 of client 1.");
     for (const char* key : {"999", "0", "5"}) {
         ExpectRefused(Run({"needs", "reject", key, "--user-id", kFirst}),
-                      std::string("error 5: There is no training need ") + key + " of client 1.");
+                      std::string("There is no training need ") + key + " of client 1.");
     }
 }
 
 TEST_F(NeedsCommand, ARefusedListIsToldWithItsLabel) {
     Sql("drop table AN_WBBedarf_IT");
-    ExpectRefused(Run({"needs", "list", "190"}),
-                  "error 9999: Invalid object name 'AN_WBBedarf_IT'.\n    in LumoSeminar.LoadListe");
+    ExpectRefused(Run({"needs", "list", "190"}), "The database refused it: Invalid object name 'AN_WBBedarf_IT'.");
+    EXPECT_THAT(Run({"needs", "list", "190", "--verbose"}).err, HasSubstr("\n    in LumoSeminar.LoadListe\n"));
 }
 
 TEST_F(NeedsCommand, WrongUsageChangesNothing) {

@@ -24,7 +24,7 @@ constexpr Col kColumns[] = {
     {"LAID", "worker", "Key of the temporary worker", Int{&One::LAID, &One::LAID}},
     {"ErfDatum", "entered-on", "Day of entry", Day{&One::ErfDatum, &One::ErfDatum}},
     {"ErfUser", "entered-by", "User who entered it", Words{&One::ErfUser, &One::ErfUser}},
-    {"Teilnahme", "attendance", "-1 enrolled, 0 cancelled", Small{&One::Teilnahme, &One::Teilnahme}},
+    {"Teilnahme", "attendance", "Whether the person attends; no: cancelled", Col::Truth{&One::Teilnahme, &One::Teilnahme}},
     {"Herkunft", "origin", "3 by hand or approved, 4 approved from elsewhere, 5 from the wait-list",
      Int{&One::Herkunft, &One::Herkunft}},
     {"BeginnDatum", "begin", "First day of attendance", Day{&One::BeginnDatum, &One::BeginnDatum}},

@@ -42,10 +42,7 @@ FoundParticipant ParticipantOf(Context& context, Int32 key) {
         found.list = ParticipantsOf(context, *date, fmt::format(" AND TeilnehmerID = {}", key));
         found.participant = found.list->Item(KeyText(key));
     }
-    if (!found.participant) {
-        Raise(ErrorNumber::kKeyNotFound,
-              fmt::format("There is no participant {} in a date of client {} or common to all.", key, context.Client()));
-    }
+    if (!found.participant) RaiseNoSuch(context, "participant", key);
     return found;
 }
 

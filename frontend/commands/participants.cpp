@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "frontend/asking.h"
 #include "frontend/commands/arguments.h"
 #include "frontend/commands/checks.h"
 #include "frontend/commands/commands.h"
@@ -18,6 +19,7 @@
 #include "frontend/context.h"
 #include "frontend/exit_codes.h"
 #include "frontend/output/counted.h"
+#include "frontend/output/screen_text.h"
 #include "frontend/output/value_text.h"
 #include "frontend/read_value.h"
 
@@ -111,6 +113,7 @@ void AddSet(Command& participants) {
     command.Remark(
         "Nothing is checked as with enrol. Days and times that are typed as nothing at all, as in BeginnDatum=, become\n"
         "those of the date.");
+    command.Writes();
     command.Does([typed, values](Context& context) {
         const Int32 key = ReadInt32("KEY", typed->key);
         return Set(context, key, ParticipantColumns().ReadChanges(*values, typed->pairs));
@@ -128,7 +131,7 @@ struct CancelOptions {
 };
 
 int TellCancelledAlready(Int32 key, DateTime since) {
-    fmt::print(stderr, "lumoseminar: participant {} is cancelled already{}.\n", key, since ? ", since " + DateText(since) : "");
+    fmt::print(stderr, "lumoseminar: Participant {} is cancelled already{}.\n", key, since ? ", since " + DateText(since) : "");
     return kRefused;
 }
 
@@ -153,7 +156,7 @@ int Cancel(Context& context, const CancelOptions& options) {
         WriteParticipant(context, *participant);
     } catch (...) {
         if (options.to_waitlist) {
-            fmt::print(stderr, "lumoseminar: participant {} waits now, but is still enrolled.\n", key);
+            fmt::print(stderr, "lumoseminar: Participant {} waits now, but is still enrolled.\n", key);
         }
         throw;
     }
@@ -177,16 +180,33 @@ void AddCancel(Command& participants) {
                  "Put the person on the interest list of the seminar; where the date has no seminar, on the "
                  "wait-list of the date");
     command.Remark("Cost lines stay, but count no more: from now on the costs are those of the cancellation.");
+    command.Writes();
     command.Does([options](Context& context) { return Cancel(context, *options); });
 }
 
 // remove
+
+// Asked of an object of its own: the one that is removed is to read its cost lines when it goes.
+std::string WhatGoes(Context& context, Int32 key) {
+    const auto participant = ParticipantOf(context, key).participant;
+    const auto lines = static_cast<std::size_t>(participant->objKosten()->Count());
+    const auto gone = SentenceOn({{lines, "cost line"}}, "goes with it", "go with it");
+    return fmt::format("Participant {}, {}, of date {}:{}\n", key, Visible(participant->NameVorname()),
+                       participant->SemTerminID(), gone.empty() ? " nothing else goes with it." : gone);
+}
+
+Question MayRemove(Context& context, const std::vector<Int32>& keys) {
+    Question question{"", fmt::format("Remove {}?", Counted(keys.size(), "participant")), "Nothing was removed."};
+    for (const Int32 key : keys) question.facts += WhatGoes(context, key);
+    return question;
+}
 
 int Remove(Context& context, const std::vector<Int32>& keys) {
     // Every key is looked up before anything is removed.
     std::vector<FoundParticipant> found;
     found.reserve(keys.size());
     for (const Int32 key : keys) found.push_back(ParticipantOf(context, key));
+    if (!IsAgreedOrYes(context, [&] { return MayRemove(context, keys); })) return kRefused;
     Sheet sheet{{ParticipantColumns().key_name, "NameVorname", "Outcome", "CostLines"}, {}};
     try {
         for (const auto& [list, participant] : found) {
@@ -217,6 +237,8 @@ void AddRemove(Command& participants) {
     const auto typed = std::make_shared<std::vector<std::string>>();
     command.Argument("KEY", typed.get(), "TeilnehmerID of each participant").Required().Naming(Names::kParticipant);
     command.Remark("Their cost lines go with them. To keep a trace of an enrolment, cancel it.");
+    command.Asks();
+    command.Writes();
     command.Does([typed](Context& context) { return Remove(context, ReadKeys("KEY", *typed)); });
 }
 
@@ -274,6 +296,7 @@ void AddCosts(Command& participants) {
     command.Option("--add", &options->add, "X", "Add a line of this amount (Kostenbetrag)");
     command.Option("--centre", &options->centre, "N", "Cost centre that pays (Kost) [0, none]").Needs("--add");
     command.Option("--type", &options->type, "N", "Key of the cost type (KostenArtID) [that of \"Teilnehmerkosten\"]").Needs("--add");
+    command.Writes();
     command.Does([options](Context& context) { return Costs(context, *options); });
 }
 

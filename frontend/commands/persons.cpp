@@ -12,6 +12,7 @@
 
 #include "frontend/commands/arguments.h"
 #include "frontend/commands/commands.h"
+#include "frontend/commands/lists.h"
 #include "frontend/commands/look_ups.h"
 #include "frontend/commands/participant_columns.h"
 #include "frontend/context.h"
@@ -27,23 +28,23 @@ namespace {
 
 Sheet Head() { return {{"MDNR", "PersonID", "Kind", "PersGr", "PersNr", "Nachname", "Vorname"}, {}}; }
 
-void PrintPerson(const Context& context, clsWBPerson& person, KindOfPerson kind) {
-    const Sheet sheet{Head().columns,
-                      {{person.MDNR(), person.PersonID(), NameOf(kind), person.PersGr(), person.PersNr(),
-                        person.Nachname(), person.Vorname()}}};
-    context.Print(sheet, Shape::kOneRow);
+Sheet PersonSheet(clsWBPerson& person, KindOfPerson kind) {
+    return {Head().columns,
+            {{person.MDNR(), person.PersonID(), NameOf(kind), person.PersGr(), person.PersNr(), person.Nachname(),
+              person.Vorname()}}};
 }
 
-void PrintHistory(const Context& context, clsWBPerson& person) {
-    Sheet sheet{{"TeilnehmerID", "SemTerminID", "Titel", "BeginnDatum", "EndeDatum", "State", "TeilnehmerKosten"}, {}};
+void PrintWithHistory(const Context& context, const Sheet& row, clsWBPerson& person) {
+    Part history{"Enrolments", {}};
+    auto& sheet = history.sheet;
+    sheet = {{"TeilnehmerID", "SemTerminID", "Titel", "BeginnDatum", "EndeDatum", "State", "TeilnehmerKosten"}, {}};
     for (const auto& enrolment : *person.colWeiterbildungen()) {
         const auto [begin, end] = AttendanceOf(*enrolment);
         sheet.rows.push_back({enrolment->TeilnehmerID(), enrolment->SemTerminID(), enrolment->clsTermin()->Titel(),
                               ShownAs(Form::kDay, begin), ShownAs(Form::kDay, end), StateOf(*enrolment),
                               AmountOf(enrolment->TeilnehmerKosten())});
     }
-    if (context.options.format != Format::kJson) fmt::print("\n");
-    context.Print(sheet);
+    context.Print(row, history);
     context.Note(Counted(sheet.rows.size(), "enrolment"));
 }
 
@@ -134,14 +135,14 @@ void AddShow(Command& persons) {
     AddKindOption(command, typed->kind);
     command.Flag("--history", typed->history, "Show the enrolments of the person, the earliest first");
     command.Remark(
-        "With --history the enrolments come behind the person: in JSON as an array of its own behind the object, in\n"
-        "CSV behind a blank line.");
+        "With --history the enrolments come behind the person: in JSON as the array Enrolments in the object, in CSV\n"
+        "behind a blank line.");
     command.Does([typed](Context& context) {
         const auto kind = ReadKind(typed->kind);
         const Int32 key = ReadPerson(context, "PERSON", typed->person, kind);
         const auto person = PersonOf(context, key, kind);
-        PrintPerson(context, *person, kind);
-        if (typed->history) PrintHistory(context, *person);
+        const auto sheet = PersonSheet(*person, kind);
+        typed->history ? PrintWithHistory(context, sheet, *person) : context.Print(sheet, Shape::kOneRow);
         return kDone;
     });
 }
@@ -177,9 +178,8 @@ Ref<clsWBPerson> PersonOf(Context& context, Int32 key, KindOfPerson kind) {
     Ref<DataSession> session = context.Session();
     person->Init(context.Client(), key, static_cast<Byte>(kind), session);
     if (person->PersNr().empty() && person->Nachname().empty() && person->Vorname().empty()) {
-        const bool of_client = kind == KindOfPerson::kEmployee;
-        Raise(ErrorNumber::kKeyNotFound, fmt::format("There is no {} {}{}.", NameOf(kind), key,
-                                                     of_client ? fmt::format(" of client {}", context.Client()) : ""));
+        if (kind == KindOfPerson::kEmployee) RaiseNoSuch(context, NameOf(kind), key);
+        Raise(ErrorNumber::kKeyNotFound, fmt::format("There is no {} {}.", NameOf(kind), key));
     }
     return person;
 }

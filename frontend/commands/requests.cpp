@@ -6,6 +6,7 @@
 
 #include <cstdio>
 
+#include "frontend/commands/lists.h"
 #include "frontend/exit_codes.h"
 #include "frontend/output/screen_text.h"
 #include "frontend/read_value.h"
@@ -28,7 +29,7 @@ Ref<InfoDispatcher> Process(Int32 module, Int32 key, Int32 client, Int32 person)
 
 void TellState(InfoDispatcher& process) {
     try {
-        fmt::print(stderr, "lumoseminar: the process is in the state \"{}\".\n", Visible(process.ProzessStatusText()));
+        fmt::print(stderr, "lumoseminar: The process is in the state \"{}\".\n", Visible(process.ProzessStatusText()));
     } catch (const Error&) {
         // Then the failure that was there before says it all.
     }
@@ -49,7 +50,7 @@ Ref<clsANWBBedarf> NeedOf(Context& context, Int32 key) {
     auto need = New<clsANWBBedarf>();
     need->Init(key, context.Session());
     if (need->ANNr() == 0 || need->MDNR() != context.Client()) {
-        Raise(ErrorNumber::kKeyNotFound, fmt::format("There is no training need {} of client {}.", key, context.Client()));
+        RaiseNoSuch(context, "training need", key);
     }
     return need;
 }
@@ -67,7 +68,7 @@ Text NameVorname(clsWBPerson& person) {
     return name == ", " ? Text() : name;
 }
 
-const char* ConsentOf(clsSemWarteliste& entry) { return entry.Status() == 1 ? "given" : "none"; }
+bool ConsentOf(clsSemWarteliste& entry) { return entry.Status() == 1; }
 
 Parameter& AddUserOption(Command& command, std::string& typed, const char* help) {
     return command.Option("--user-id", &typed, "N", help);

@@ -26,8 +26,8 @@ LumoSeminar::Ref<LumoSeminar::InfoDispatcher> ProcessOf(LumoSeminar::clsANWBBeda
 /// "Kölbl, Norbert", as a participant shows it.
 LumoSeminar::Text NameVorname(LumoSeminar::clsWBPerson& person);
 
-/// "given"; "none" where it was withdrawn or there never was one.
-const char* ConsentOf(LumoSeminar::clsSemWarteliste& entry);
+/// Whether there is one: it may have been withdrawn, and there may never have been one.
+bool ConsentOf(LumoSeminar::clsSemWarteliste& entry);
 
 /// The option --user-id, for `typed`: who acts, as the processes know users.
 Parameter& AddUserOption(Command& command, std::string& typed, const char* help);

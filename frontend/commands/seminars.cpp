@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "frontend/asking.h"
 #include "frontend/commands/checks.h"
 #include "frontend/commands/commands.h"
 #include "frontend/commands/lists.h"
@@ -9,6 +10,7 @@
 #include "frontend/context.h"
 #include "frontend/exit_codes.h"
 #include "frontend/output/counted.h"
+#include "frontend/output/screen_text.h"
 #include "frontend/read_value.h"
 #include "frontend/text_filter.h"
 
@@ -105,6 +107,7 @@ void AddAdd(Command& seminars) {
     const auto values = SeminarColumns().AddOptions(command);
     command.OptionNamed("--title").Required();
     command.Remark("The key is the greatest one plus 1. Without --mdnr the seminar belongs to the client.");
+    command.Writes();
     command.Does([values](Context& context) { return Add(context, SeminarColumns().ReadChanges(*values, {})); });
 }
 
@@ -118,7 +121,7 @@ int Set(Context& context, Int32 key, const SeminarChanges& changes) {
     LetAll(*seminar, changes);
     CheckChanged(context, *seminar, changes);
     if (!seminar->UpdateDatabase()) {
-        fmt::print(stderr, "lumoseminar: seminar {} is no longer there; nothing was changed.\n", key);
+        fmt::print(stderr, "lumoseminar: Seminar {} is no longer there; nothing was changed.\n", key);
         return kRefused;
     }
     ShowStored(context, key);
@@ -135,6 +138,7 @@ void AddSet(Command& seminars) {
     command.Argument("KEY", &typed->key, "SemID of the seminar").Required().Naming(Names::kSeminar);
     command.Argument("CHANGES", &typed->pairs, "column=value, as in SemTitel=\"Erste Hilfe\" KostenProTN=49.90");
     const auto values = SeminarColumns().AddOptions(command);
+    command.Writes();
     command.Does([typed, values](Context& context) {
         const Int32 key = ReadInt32("KEY", typed->key);
         return Set(context, key, SeminarColumns().ReadChanges(*values, typed->pairs));
@@ -149,12 +153,35 @@ const char* WhyKept(clsSeminar& seminar) {
     return dates && dates->Count() != 0 ? "has dates" : "no longer there";
 }
 
+// Asked of objects of their own: those that are removed are to read what goes with them when they go.
+std::string WhatGoes(Context& context, Int32 key) {
+    const auto seminar = SeminarOf(context, key);
+    const auto dates = static_cast<std::size_t>(seminar->colTermine()->Count());
+    auto text = fmt::format("Seminar {}, {}:", key, Visible(seminar->SemTitel()));
+    if (dates != 0) return text + fmt::format(" it has {} and stays.\n", Counted(dates, "date"));
+    const auto areas = New<colSemSchwerpunkte>();
+    areas->Init(key, context.Session());
+    const auto interest = New<colSemWarteliste>();
+    interest->LoadListSeminar(context.Session(), key);
+    const auto left = SentenceOn({{static_cast<std::size_t>(areas->Count()), "focus area"},
+                                  {static_cast<std::size_t>(interest->Count()), "request of interest"}},
+                                 "stays behind", "stay behind");
+    return text + (left.empty() ? " nothing else goes with it." : left) + '\n';
+}
+
+Question MayRemove(Context& context, const std::vector<Int32>& keys) {
+    Question question{"", fmt::format("Remove {}?", Counted(keys.size(), "seminar")), "Nothing was removed."};
+    for (const Int32 key : keys) question.facts += WhatGoes(context, key);
+    return question;
+}
+
 int Remove(Context& context, const std::vector<Int32>& keys) {
     const auto list = SeminarsOf(context);
     // Every key is looked up before anything is removed. Reading the title reads the row: only then Remove deletes it.
     std::vector<Text> titles;
     titles.reserve(keys.size());
-    for (const Int32 key : keys) titles.push_back(list->Item(KeyText(key))->SemTitel());
+    for (const Int32 key : keys) titles.push_back(SeminarIn(context, *list, key)->SemTitel());
+    if (!IsAgreedOrYes(context, [&] { return MayRemove(context, keys); })) return kRefused;
     Sheet sheet{{SeminarColumns().key_name, "SemTitel", "Outcome"}, {}};
     int code = kDone;
     try {
@@ -178,6 +205,8 @@ void AddRemove(Command& seminars) {
     command.Remark("A seminar that has dates stays.");
     const auto typed = std::make_shared<std::vector<std::string>>();
     command.Argument("KEY", typed.get(), "SemID of each seminar").Required().Naming(Names::kSeminar);
+    command.Asks();
+    command.Writes();
     command.Does([typed](Context& context) { return Remove(context, ReadKeys("KEY", *typed)); });
 }
 

@@ -22,7 +22,7 @@ namespace {
 
 using Col = Column<clsSerie>;
 using Small = Col::Of<Byte>;
-using Flag = Col::Of<Int16>;
+using Flag = Col::Truth;
 
 // The first of them loads, so that those behind it that do not are read, too.
 constexpr Col kColumns[] = {
@@ -56,7 +56,7 @@ Text InWords(clsSerie& series) {
     Text words = weeks == 1 ? "every week" : fmt::format("every {} weeks", weeks);
     const char* before = " on ";
     for (const auto& weekday : kWeekdays) {
-        if (To<Int16>(weekday.Get(series)) != kFlagged) continue;
+        if (const auto flag = weekday.Get(series); !flag.Is<Bool>() || !To<Bool>(flag)) continue;
         words += before;
         words += weekday.name;
         before = ", ";
@@ -196,6 +196,7 @@ void AddAdd(Command& series) {
     command.Option("--weekly", &options->weeks, "N", "Every how many weeks; needs --on");
     command.Option("--on", &options->on, "DAYS", "On which weekdays, as Mo,Do: Mo, Di, Mi, Do, Fr, Sa, So");
     command.Remark("The key is the greatest one plus 1. A series cannot be changed: add another one.");
+    command.Writes();
     command.Does([options](Context& context) { return Add(context, *options); });
 }
 

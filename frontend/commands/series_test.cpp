@@ -41,7 +41,7 @@ TEST_F(SeriesCommand, ListOfNone) {
     ASSERT_EQ(Run({"sql", "drop table Sem_Serien_IT"}).code, 0);
     const auto refused = Run({"series", "list"});
     EXPECT_EQ(refused.code, 1);
-    EXPECT_EQ(refused.err, "lumoseminar: error 9999: Invalid object name 'Sem_Serien_IT'.\n");
+    EXPECT_EQ(refused.err, "lumoseminar: The database refused it: Invalid object name 'Sem_Serien_IT'.\n");
 }
 
 TEST_F(SeriesCommand, ShowPrintsEveryColumn) {
@@ -54,13 +54,13 @@ TEST_F(SeriesCommand, ShowPrintsEveryColumn) {
               "Tagefolge      2\n"
               "taeglich       0\n"
               "Woche          1\n"
-              "Mo             0\n"
-              "Di             -1\n"
-              "Mi             0\n"
-              "Do             -1\n"
-              "Fr             0\n"
-              "Sa             0\n"
-              "So             0\n"
+              "Mo             no\n"
+              "Di             yes\n"
+              "Mi             no\n"
+              "Do             yes\n"
+              "Fr             no\n"
+              "Sa             no\n"
+              "So             no\n"
               "Rule           every week on Di, Do\n");
     EXPECT_EQ(done.err, "");
 }
@@ -81,7 +81,7 @@ TEST_F(SeriesCommand, ShowOfAnUnknownKey) {
     const auto done = Run({"series", "show", "99"});
     EXPECT_EQ(done.code, 1);
     EXPECT_EQ(done.out, "");
-    EXPECT_EQ(done.err, "lumoseminar: error 5: There is no series 99.\n");
+    EXPECT_EQ(done.err, "lumoseminar: There is no series 99.\n");
 }
 
 TEST_F(SeriesCommand, AddDaily) {
@@ -106,8 +106,8 @@ TEST_F(SeriesCommand, AddWeekly) {
     EXPECT_EQ(weekly["Tagefolge"], 2);
     EXPECT_EQ(weekly["Woche"], 2);
     EXPECT_EQ(weekly["Rule"], "every 2 weeks on Mo, Do, So");
-    for (const char* day : {"Mo", "Do", "So"}) EXPECT_EQ(weekly[day], -1) << day;
-    for (const char* day : {"Di", "Mi", "Fr", "Sa"}) EXPECT_EQ(weekly[day], 0) << day;
+    for (const char* day : {"Mo", "Do", "So"}) EXPECT_EQ(weekly[day], true) << day;
+    for (const char* day : {"Di", "Mi", "Fr", "Sa"}) EXPECT_EQ(weekly[day], false) << day;
     EXPECT_EQ(Json({"series", "show", "8"}), weekly);
 }
 
@@ -132,8 +132,8 @@ TEST_F(SeriesCommand, ARefusedInsertIsToldWithItsLabel) {
     const auto done = Run(Add({"--daily"}));
     EXPECT_EQ(done.code, 1);
     EXPECT_EQ(done.out, "");
-    EXPECT_EQ(done.err,
-              "lumoseminar: error 9999: Invalid object name 'Sem_Serien_IT'.\n    LUmoSeminar.clsSerie.WriteToDatabase\n");
+    EXPECT_EQ(done.err, "lumoseminar: The database refused it: Invalid object name 'Sem_Serien_IT'.\n");
+    EXPECT_THAT(Run(Add({"--daily", "--verbose"})).err, testing::HasSubstr("\n    LUmoSeminar.clsSerie.WriteToDatabase\n"));
 }
 
 TEST_F(SeriesCommand, HelpNamesTheWeekdays) {

@@ -4,9 +4,11 @@
 #include <iostream>
 #include <iterator>
 #include <memory>
+#include <utility>
 
 #include "frontend/commands/commands.h"
 #include "frontend/context.h"
+#include "frontend/dry_run.h"
 #include "frontend/exit_codes.h"
 #include "frontend/files.h"
 #include "frontend/output/failure.h"
@@ -34,14 +36,27 @@ Text CountText(Int32 count, const char* what) {
     return fmt::format("({} row{}{})", count, count == 1 ? "" : "s", what);
 }
 
-// Prints the row sets of a run, parted by blank lines.
+// Prints the row sets of a run: as they come, parted by blank lines; in JSON at its end, as one document.
 class RowPrinter {
   public:
-    explicit RowPrinter(const Context& context) : context_(context) {}
+    RowPrinter(const Context& context, std::size_t batches) : context_(context), batches_(batches) {}
+
+    void Finish() const {
+        if (context_.options.format != Format::kJson) return;
+        if (batches_ > 1) {
+            context_.PrintAll(sheets_);
+        } else {
+            context_.Print(sheets_.empty() ? Sheet() : sheets_.front());
+        }
+    }
 
     void Print(const Ref<RecordSet>& rows) {
-        const Sheet sheet = ReadRows(rows);
-        if (printed_ && context_.options.format != Format::kJson) std::fputc('\n', stdout);
+        Sheet sheet = ReadRows(rows);
+        if (context_.options.format == Format::kJson) {
+            sheets_.push_back(std::move(sheet));
+            return;
+        }
+        if (printed_) std::fputc('\n', stdout);
         context_.Print(sheet);
         context_.Note(CountText(static_cast<Int32>(sheet.rows.size()), ""));
         printed_ = true;
@@ -49,14 +64,21 @@ class RowPrinter {
 
   private:
     const Context& context_;
+    std::size_t batches_;
+    std::vector<Sheet> sheets_;
     bool printed_ = false;
 };
 
-int Sql(Context& context, const SqlOptions& options) {
-    const auto batches = LumoConnection::SplitBatches(ReadText(options));
-    if (batches.empty()) throw UsageError("There is no statement in the text.");
-    const auto connection = context.Session()->AdoConnection();
-    RowPrinter printer(context);
+int ShowBatches(const Context& context, const std::vector<LumoConnection::Batch>& batches) {
+    std::vector<Text> texts;
+    for (const auto& batch : batches) texts.push_back(batch.text);
+    PrintStatements(context, texts);
+    context.Note(fmt::format("{} batch{}, none of them sent", texts.size(), texts.size() == 1 ? "" : "es"));
+    return kDone;
+}
+
+int RunBatches(Context& context, const std::vector<LumoConnection::Batch>& batches, RowPrinter& printer) {
+    const auto connection = context.AnyDatabase()->AdoConnection();
     for (const auto& batch : batches) {
         try {
             const auto rows = connection->Execute(batch.text);
@@ -68,7 +90,7 @@ int Sql(Context& context, const SqlOptions& options) {
         } catch (const Error& error) {
             const auto rows = context.RowsBeforeRefusal();
             if (rows && rows->Fields().Count() != 0) printer.Print(rows);
-            Report(error);
+            context.ReportWithNumber(error);
             if (const auto place = context.RefusedAt()) {
                 fmt::print(stderr, "{}", PlaceText(batch.text, *place, batch.line));
             }
@@ -81,6 +103,16 @@ int Sql(Context& context, const SqlOptions& options) {
     return kDone;
 }
 
+int Sql(Context& context, const SqlOptions& options) {
+    const auto batches = LumoConnection::SplitBatches(ReadText(options));
+    if (batches.empty()) throw UsageError("There is no statement in the text.");
+    if (context.options.dry_run) return ShowBatches(context, batches);
+    RowPrinter printer(context, batches.size());
+    const int code = RunBatches(context, batches, printer);
+    printer.Finish();
+    return code;
+}
+
 }  // namespace
 
 void AddSql(Command& program) {
@@ -91,8 +123,10 @@ void AddSql(Command& program) {
     command.Remark(
         "Batches are parted by lines GO. Of each batch the rows of the first statement\n"
         "that yields any are printed, also where a statement behind it is refused; the\n"
-        "first batch that is refused ends the run. In JSON each row set is an array of\n"
-        "its own, in CSV a blank line stands between.");
+        "first batch that is refused ends the run. In JSON a text of one batch gives the\n"
+        "array of its rows, a text of more batches an array of such arrays; in CSV a\n"
+        "blank line stands between. --dry-run prints the batches.");
+    command.Writes(DryRun::kOwn);
     command.Does([options](Context& context) { return Sql(context, *options); });
 }
 

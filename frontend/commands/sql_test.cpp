@@ -1,7 +1,5 @@
 #include "frontend/cli_test.h"
 
-#include <csignal>
-
 namespace frontend {
 namespace {
 
@@ -106,7 +104,16 @@ TEST_F(Cli, SqlReadsWhatIsTypedOnATerminal) {
     const auto shown = Sit({"sql", "-"}, {.acts = {{"", "SELECT 41 + 1 AS n\n"}, {"AS n\r\n", "\x04"}}});
     EXPECT_EQ(shown.code, 0) << shown.screen;
     EXPECT_THAT(shown.screen, HasSubstr("42\r\n"));
-    EXPECT_EQ(Sit({"sql", "-"}, {.acts = {{"", "SELECT\n"}, {"SELECT\r\n", "\x03"}}}).code, 128 + SIGINT);
+}
+
+TEST_F(Cli, SqlPrintsOneDocumentOfJson) {
+    UseSample();
+    EXPECT_EQ(Run({"sql", "select 1 as a\nGO\nselect 2 as b where 1 = 0\nGO\nselect 3 as c", "--format", "json"}).out,
+              "[\n  [\n    {\"a\": 1}\n  ],\n  [],\n  [\n    {\"c\": 3}\n  ]\n]\n");
+    EXPECT_EQ(Run({"sql", "update OpactMD set MDNR = 1", "--format", "json"}).out, "[]\n");
+    const auto refused = Run({"sql", "select 1 as a\nGO\nselect Nosuch", "--format", "json"});
+    EXPECT_EQ(refused.code, 1);
+    EXPECT_EQ(refused.out, "[\n  [\n    {\"a\": 1}\n  ]\n]\n");
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include "frontend/commands/commands.h"
 #include "frontend/context.h"
 #include "frontend/exit_codes.h"
+#include "frontend/output/counted.h"
 #include "frontend/output/screen_text.h"
 
 namespace frontend {
@@ -21,7 +22,7 @@ struct TablesOptions {
 };
 
 std::vector<Variant> ColumnRow(const LumoConnection::ColumnInfo& column) {
-    return {column.name, column.type, column.nullable ? "yes" : "no", column.in_primary_key ? "yes" : ""};
+    return {column.name, column.type, column.nullable, column.in_primary_key};
 }
 
 int ShowTable(const Context& context, const TableInfo& table) {
@@ -47,11 +48,11 @@ int ShowColumns(const Context& context, const std::vector<TableInfo>& tables) {
 int ListTables(Context& context, const std::vector<TableInfo>& tables) {
     Sheet sheet{{"Table", "Columns", "Rows"}, {}};
     for (const auto& table : tables) {
-        const Variant rows = context.Session()->LookupValue("count(*)", "\"" + table.name + "\"", "");
+        const Variant rows = context.AnyDatabase()->LookupValue("count(*)", "\"" + table.name + "\"", "");
         sheet.rows.push_back({table.name, To<Int32>(table.columns.size()), rows});
     }
     context.Print(sheet);
-    context.Note(fmt::format("{} table{}", tables.size(), tables.size() == 1 ? "" : "s"));
+    context.Note(Counted(tables.size(), "table"));
     return kDone;
 }
 

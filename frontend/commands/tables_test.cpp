@@ -23,7 +23,7 @@ TEST_F(Cli, TablesListsNamesColumnsAndRows) {
               "Column  Type          Nullable  Key\n"
               "------  ------------  --------  ---\n"
               "ID      int           no        yes\n"
-              "Name    nvarchar(20)  yes\n");
+              "Name    nvarchar(20)  yes       no\n");
 }
 
 TEST_F(Cli, TablesShowsTheColumnsOfAll) {

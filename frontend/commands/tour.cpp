@@ -1,3 +1,4 @@
+#include <LumoConnection/tables/create_tables.h>
 #include <fmt/format.h>
 
 #include <csignal>
@@ -9,7 +10,6 @@
 #include "frontend/command_line/parser.h"
 #include "frontend/commands/commands.h"
 #include "frontend/context.h"
-#include "frontend/creation.h"
 #include "frontend/exit_codes.h"
 #include "frontend/output/screen_text.h"
 #include "frontend/sessions.h"
@@ -27,27 +27,28 @@ namespace {
 
 constexpr const char* kFreshDatabase = "Provider=Embedded;Data Source=:memory:";
 
+// What the tour tells is told of the sample as it stands in its files.
+constexpr int kYear = 2009;
+
 // Makes what is missing of the tables, and fills in the sample where there were none.
 void MakeTables(const Ref<DataSession>& session, TourPage& page) {
-    const auto Run = [&](const Script& script) {
+    const auto Run = [&](const LumoConnection::SqlFile& file) {
         page.Call(
-            fmt::format("session->ExecuteSql(batch)   // for each batch of {}", script.path.filename().string()),
-            [&] { RunScript(session, script, [] {}); }, [&] { return fmt::format("{} batches, all done", page.Sent()); });
+            fmt::format("session->ExecuteSql(batch)   // for each batch of {}", file.name),
+            [&] { static_cast<void>(LumoConnection::RunFiles(session, {file})); },
+            [&] { return fmt::format("{} batches, all done", page.Sent()); });
     };
     std::vector<Text> names;
-    std::size_t created = 0;
-    const auto schema = SchemaScripts();
-    for (const auto& script : schema) {
-        const auto of_script = CreatedTables(script);
-        names.insert(names.end(), of_script.begin(), of_script.end());
-        if (!ExistingTables(session, of_script).empty()) continue;
-        Run(script);
-        ++created;
+    bool is_empty = true;
+    for (const auto& file : LumoConnection::TableFiles(LumoConnection::kWithSample, {.sample_year = kYear})) {
+        const auto of_file = LumoConnection::CreatedTables(file);
+        names.insert(names.end(), of_file.begin(), of_file.end());
+        // Behind the tables comes the sample, for a database that had none of them.
+        const bool is_there = !LumoConnection::ExistingTables(session, of_file).empty();
+        if (is_there) is_empty = false;
+        if (of_file.empty() ? is_empty : !is_there) Run(file);
     }
-    if (created == schema.size()) {
-        for (const auto& script : SampleScripts()) Run(script);
-    }
-    const auto tables = ExistingTables(session, names);
+    const auto tables = LumoConnection::ExistingTables(session, names);
     std::int64_t rows = 0;
     for (const auto& table : tables) rows += table.rows;
     page.Outcome(tables.size() == names.size() && rows > 0,

@@ -1,3 +1,5 @@
+#include <LumoConnection/tables/create_tables.h>
+
 #include <test_support/places.h>
 #include <test_support/server.h>
 
@@ -8,7 +10,6 @@
 #include <filesystem>
 #include <sstream>
 
-#include "frontend/creation.h"
 #include "frontend/sessions.h"
 #include "frontend/shell_test.h"
 #include "frontend/tour/chapters.h"
@@ -230,15 +231,15 @@ TEST(Tour, IsTakenBackFromEveryPlace) {
             if (++calls == signal_at) std::raise(SIGINT);
         }).session;
     std::vector<LumoSeminar::Text> tables;
-    for (const auto& scripts : {SchemaScripts(), SampleScripts()}) {
-        for (const auto& script : scripts) {
-            RunScript(session, script, [] {});
-            for (const auto& table : CreatedTables(script)) tables.push_back(table);
-        }
+    const auto files = LumoConnection::TableFiles(LumoConnection::kWithSample, {.sample_year = 2009});
+    ASSERT_TRUE(LumoConnection::RunFiles(session, files));
+    for (const auto& file : files) {
+        for (const auto& table : LumoConnection::CreatedTables(file)) tables.push_back(table);
     }
     const auto Sizes = [&] {
         std::vector<std::pair<LumoSeminar::Text, LumoSeminar::Int32>> sizes;
-        for (const auto& table : ExistingTables(session, tables)) sizes.emplace_back(table.name, table.rows);
+        for (const auto& table : LumoConnection::ExistingTables(session, tables))
+            sizes.emplace_back(table.name, table.rows);
         return sizes;
     };
     const auto before = Sizes();
@@ -313,7 +314,7 @@ TEST_F(Cli, TourWithoutASeminarSaysSo) {
     ASSERT_EQ(Run({"init"}).code, 0);
     const auto done = Run({"tour", "--connect", "Provider=Embedded;Data Source=lumoseminar.db"});
     EXPECT_EQ(done.code, 1);
-    EXPECT_EQ(done.err, "lumoseminar: error 9: Client 1 has no seminar in this database: the tour has nothing to show.\n");
+    EXPECT_EQ(done.err, "lumoseminar: Client 1 has no seminar in this database: the tour has nothing to show.\n");
 }
 
 }  // namespace

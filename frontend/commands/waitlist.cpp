@@ -113,7 +113,7 @@ int PrintInterest(Context& context, const ListOptions& options) {
 
 constexpr const char* kColumnsFooter =
     "First come, first listed. Herkunft: 1 from a training need, 2 from a cancellation, 3 and 4 by consent. Consent is\n"
-    "none where it was withdrawn and where nobody has given one, as behind a cancellation.";
+    "no where it was withdrawn and where nobody has given one, as behind a cancellation.";
 
 void AddPersonOption(Command& command, ListOptions& options) {
     command.Option("--person", &options.person, "PERSON", "Number or name of the employee").Naming(Names::kPerson);

@@ -15,17 +15,17 @@ TEST_F(RequestLists, WaitlistOfADateShowsWhoWaits) {
         done.out,
         "SemWartelisteID  MDNr  PersGr  TNID  NameVorname    ErfDat               Herkunft  Wunschtermin  Consent  GeaendertAm          GeaendertVon\n"
         "---------------  ----  ------  ----  -------------  -------------------  --------  ------------  -------  -------------------  ------------\n"
-        "             35     1  AN       311  Kuhn, Jörg     2010-08-06 07:24:30         1  NULL          given    2010-08-06 07:24:30  spuetz\n"
-        "             39     1  AN       271  Bauer, Felix   2010-08-16 10:31:56         1  NULL          given    2010-08-16 10:31:56  spuetz\n"
-        "             52     1  AN       221  Becker, Julia  2010-08-31 08:06:49         1  NULL          given    2010-08-31 08:06:49  spuetz\n");
+        "             35     1  AN       311  Kuhn, Jörg     2010-08-06 07:24:30         1  NULL          yes      2010-08-06 07:24:30  spuetz\n"
+        "             39     1  AN       271  Bauer, Felix   2010-08-16 10:31:56         1  NULL          yes      2010-08-16 10:31:56  spuetz\n"
+        "             52     1  AN       221  Becker, Julia  2010-08-31 08:06:49         1  NULL          yes      2010-08-31 08:06:49  spuetz\n");
     EXPECT_EQ(done.err, "3 requests\n");
 }
 
 TEST_F(RequestLists, WaitlistOfAPersonShowsTheDates) {
     EXPECT_EQ(Run({"waitlist", "--person", "311", "--format", "csv"}).out,
               "SemWartelisteID,SemTerminID,Code,Titel,ErfDat,Herkunft,Wunschtermin,Consent,GeaendertAm,GeaendertVon\n"
-              "35,62,QS-202/10-1,\"Koordinatenmesstechnik, Stufe 1\",2010-08-06T07:24:30,1,,given,2010-08-06T07:24:30,spuetz\n"
-              "45,70,FT-101/10-1,\"Zeichnungen lesen: Maße, Passungen, Oberflächen\",2010-08-26T08:04:45,3,,given,"
+              "35,62,QS-202/10-1,\"Koordinatenmesstechnik, Stufe 1\",2010-08-06T07:24:30,1,,true,2010-08-06T07:24:30,spuetz\n"
+              "45,70,FT-101/10-1,\"Zeichnungen lesen: Maße, Passungen, Oberflächen\",2010-08-26T08:04:45,3,,true,"
               "2010-08-26T08:04:45,jkuhn\n");
     EXPECT_EQ(Json({"waitlist", "--person", "140", "--client", "2"}).size(), 2U);
 }
@@ -35,7 +35,7 @@ TEST_F(RequestLists, WaitlistShowsAConsentThatWasWithdrawn) {
     ASSERT_EQ(list.size(), 1U);
     EXPECT_EQ(list[0], nlohmann::json::parse(R"({"SemWartelisteID": 42, "SemTerminID": 64, "Code": "AS-10/10-2",
         "Titel": "Erste Hilfe: Grundausbildung", "ErfDat": "2010-08-25T08:28:31", "Herkunft": 3, "Wunschtermin": null,
-        "Consent": "none", "GeaendertAm": "2010-08-27T16:50:48", "GeaendertVon": "mkoehler"})"));
+        "Consent": false, "GeaendertAm": "2010-08-27T16:50:48", "GeaendertVon": "mkoehler"})"));
 }
 
 TEST_F(RequestLists, TemporaryWorkersAndApplicantsAreNamed) {
@@ -83,16 +83,16 @@ TEST_F(RequestLists, InterestInASeminar) {
         done.out,
         "SemWartelisteID  MDNr  PersGr  TNID  NameVorname        ErfDat               Herkunft  Wunschtermin  Consent  GeaendertAm  GeaendertVon\n"
         "---------------  ----  ------  ----  -----------------  -------------------  --------  ------------  -------  -----------  ------------\n"
-        "              3     1  AN       184  Löffler, Jakob     2009-11-24 08:13:05         2  NULL          none     NULL\n"
-        "              4     1  AN       159  Breuer, Hannelore  2009-11-24 10:57:38         2  NULL          none     NULL\n"
-        "              5     1  AN       196  Ostermann, Axel    2009-11-24 15:58:50         2  NULL          none     NULL\n");
+        "              3     1  AN       184  Löffler, Jakob     2009-11-24 08:13:05         2  NULL          no       NULL\n"
+        "              4     1  AN       159  Breuer, Hannelore  2009-11-24 10:57:38         2  NULL          no       NULL\n"
+        "              5     1  AN       196  Ostermann, Axel    2009-11-24 15:58:50         2  NULL          no       NULL\n");
     EXPECT_EQ(done.err, "3 requests\n");
 }
 
 TEST_F(RequestLists, InterestOfAPerson) {
     EXPECT_EQ(Run({"interest", "--person", "131", "--format", "csv"}).out,
               "SemWartelisteID,SemID,SemCode,SemTitel,ErfDat,Herkunft,Wunschtermin,Consent,GeaendertAm,GeaendertVon\n"
-              "24,34,FT-150,Additive Fertigung: 3D-Druck in Metall,2010-05-11T11:19:20,4,2011-01-17T00:00:00,given,"
+              "24,34,FT-150,Additive Fertigung: 3D-Druck in Metall,2010-05-11T11:19:20,4,2011-01-17T00:00:00,true,"
               "2010-05-11T11:19:20,spuetz\n");
 }
 
@@ -104,27 +104,31 @@ TEST_F(RequestLists, ListsOfNothing) {
 }
 
 TEST_F(RequestLists, ListsOfWhatIsNotThere) {
-    ExpectRefused(Run({"waitlist", "--date", "67"}), "error 5: There is no date 67 of client 1 or common to all.");
-    ExpectRefused(Run({"waitlist", "--person", "9999"}), "error 5: There is no employee 9999 of client 1.");
-    ExpectRefused(Run({"interest", "--person", "9999"}), "error 5: There is no employee 9999 of client 1.");
+    ExpectRefused(Run({"waitlist", "--date", "67"}), "There is no date 67 of client 1.");
+    ExpectRefused(Run({"waitlist", "--person", "9999"}), "There is no employee 9999 of client 1.");
+    ExpectRefused(Run({"interest", "--person", "9999"}), "There is no employee 9999 of client 1.");
     const auto seminar = Run({"interest", "--seminar", "999"});
     EXPECT_EQ(seminar.code, 1);
     EXPECT_EQ(seminar.out, "");
-    EXPECT_THAT(seminar.err, HasSubstr("lumoseminar: error 5: "));
+    EXPECT_THAT(seminar.err, HasSubstr("lumoseminar: "));
 }
 
 TEST_F(RequestLists, RefusedListsAreToldWithTheirLabels) {
     Sql("drop table Sem_WartelisteTermin_IT");
-    const std::string told = "error 9999: Invalid object name 'Sem_WartelisteTermin_IT'.\n    in LumoSeminar.LoadList";
+    const std::string told = "The database refused it: Invalid object name 'Sem_WartelisteTermin_IT'.";
     for (const Arguments& arguments : {Arguments{"waitlist", "--date", "62"}, Arguments{"waitlist", "--person", "311"},
                                        Arguments{"interest", "--seminar", "26"}, Arguments{"interest", "--person", "131"}}) {
         ExpectRefused(Run(arguments), told);
+        auto verbose = arguments;
+        verbose.emplace_back("--verbose");
+        EXPECT_THAT(Run(verbose).err, HasSubstr("\n    in LumoSeminar.LoadList\n"));
     }
 }
 
 TEST_F(RequestLists, TheStateNeedsTheTablesOfTheProcessesAndNothingElseDoes) {
     Sql("drop table Sem_ProzessSchritt_IT");
-    ExpectRefused(Run({"waitlist", "--date", "62", "--state"}), "error 9999: Invalid object name 'Sem_ProzessSchritt_IT'.");
+    ExpectRefused(Run({"waitlist", "--date", "62", "--state"}),
+                  "The database refused it: Invalid object name 'Sem_ProzessSchritt_IT'.");
     EXPECT_EQ(Json({"waitlist", "--date", "62"}).size(), 3U);
 }
 

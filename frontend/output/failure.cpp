@@ -8,10 +8,18 @@
 
 namespace frontend {
 
-std::string FailureText(const LumoSeminar::Error& error) {
-    const auto parts = LumoSeminar::ReadDescription(error.Description());
-    std::string shown = fmt::format("error {}: {}\n", error.Number(), Visible(parts.text));
-    for (const auto& label : parts.labels) {
+std::string FailureSentence(const LumoSeminar::Error& error) {
+    auto text = Visible(LumoSeminar::ReadDescription(error.Description()).text);
+    const auto last = text.find_last_not_of(' ');
+    if (last == std::string::npos) return fmt::format("There was error {}, which has no text.", error.Number());
+    text.resize(last + 1);
+    constexpr std::string_view kEnds = ".!?";
+    return kEnds.find(text.back()) == std::string_view::npos ? text + '.' : text;
+}
+
+std::string FailureDetails(const LumoSeminar::Error& error) {
+    std::string shown = fmt::format("    error {}, {}\n", error.Number(), Visible(error.Source()));
+    for (const auto& label : LumoSeminar::ReadDescription(error.Description()).labels) {
         const auto first = label.find_first_not_of(' ');
         if (first != std::string::npos)
             shown += fmt::format("    {}\n", Visible(std::string_view(label).substr(first)));

@@ -7,8 +7,11 @@
 
 namespace frontend {
 
-/// "error 9999: text", then a label a line, indented by four blanks.
-std::string FailureText(const LumoSeminar::Error& error);
+/// The text of an error as a sentence of its own, on one line.
+std::string FailureSentence(const LumoSeminar::Error& error);
+
+/// Number and source of an error, then its labels, a line each, indented by four blanks.
+std::string FailureDetails(const LumoSeminar::Error& error);
 
 /// The line of a text with a caret under the byte at that offset, both indented, headed by the number of the line.
 /// @param first_line number of the first line of the text

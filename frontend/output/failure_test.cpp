@@ -7,11 +7,18 @@ namespace {
 
 using LumoSeminar::Error;
 
-TEST(FailureText, PutsEachLabelOnALineOfItsOwn) {
-    EXPECT_EQ(FailureText(Error(9999, "Refused.\r\n Inner.Call\r\n Outer.Call")),
-              "error 9999: Refused.\n    Inner.Call\n    Outer.Call\n");
-    EXPECT_EQ(FailureText(Error(5, "Not there.")), "error 5: Not there.\n");
-    EXPECT_EQ(FailureText(Error(5, "Not\x1b there.")), "error 5: Not\\x1b there.\n");
+TEST(Failure, IsASentence) {
+    EXPECT_EQ(FailureSentence(Error(9999, "Refused.\r\n Inner.Call\r\n Outer.Call")), "Refused.");
+    EXPECT_EQ(FailureSentence(Error(5, "Not there")), "Not there.");
+    EXPECT_EQ(FailureSentence(Error(5, "Not there? ")), "Not there?");
+    EXPECT_EQ(FailureSentence(Error(5, "Not\x1b there.")), "Not\\x1b there.");
+    EXPECT_EQ(FailureSentence(Error(5, "")), "There was error 5, which has no text.");
+}
+
+TEST(Failure, HasDetailsALineEach) {
+    EXPECT_EQ(FailureDetails(Error(9999, "Refused.\r\n Inner.Call\r\n Outer.Call", "Server")),
+              "    error 9999, Server\n    Inner.Call\n    Outer.Call\n");
+    EXPECT_EQ(FailureDetails(Error(5, "Not there.")), "    error 5, LumoSeminar\n");
 }
 
 TEST(PlaceText, PutsACaretUnderThePlace) {

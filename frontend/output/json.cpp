@@ -51,22 +51,39 @@ void AppendObject(Text& to, const std::vector<Text>& names, const std::vector<Va
     }
 }
 
+// The lines of an array, each indented; the first stands where it is.
+Text Rows(const Sheet& sheet, std::string_view indent) {
+    if (sheet.rows.empty()) return "[]";
+    const auto names = KeyNames(sheet);
+    Text to = "[\n";
+    for (std::size_t i = 0; i < sheet.rows.size(); ++i) {
+        to.append(indent).append("  {");
+        AppendObject(to, names, sheet.rows[i], " ");
+        to += i + 1 < sheet.rows.size() ? "},\n" : "}\n";
+    }
+    return to.append(indent).append("]");
+}
+
 }  // namespace
 
 Text JsonText(const Sheet& sheet, Shape shape) {
-    const auto names = KeyNames(sheet);
-    Text to;
-    if (shape == Shape::kOneRow && sheet.rows.size() == 1) {
-        to += "{\n  ";
-        AppendObject(to, names, sheet.rows.front(), "\n  ");
-        return to += "\n}\n";
-    }
-    if (sheet.rows.empty()) return "[]\n";
-    to += "[\n";
-    for (std::size_t i = 0; i < sheet.rows.size(); ++i) {
-        to += "  {";
-        AppendObject(to, names, sheet.rows[i], " ");
-        to += i + 1 < sheet.rows.size() ? "},\n" : "}\n";
+    if (shape == Shape::kRows || sheet.rows.size() != 1) return Rows(sheet, "") + '\n';
+    Text to = "{\n  ";
+    AppendObject(to, KeyNames(sheet), sheet.rows.front(), "\n  ");
+    return to += "\n}\n";
+}
+
+Text JsonText(const Sheet& row, const Part& part) {
+    Text to = "{\n  ";
+    AppendObject(to, KeyNames(row), row.rows.front(), "\n  ");
+    return to.append(",\n  ").append(JsonString(part.name)).append(": ").append(Rows(part.sheet, "  ")).append("\n}\n");
+}
+
+Text JsonText(const std::vector<Sheet>& sheets) {
+    if (sheets.empty()) return "[]\n";
+    Text to = "[\n";
+    for (std::size_t i = 0; i < sheets.size(); ++i) {
+        to.append("  ").append(Rows(sheets[i], "  ")).append(i + 1 < sheets.size() ? ",\n" : "\n");
     }
     return to += "]\n";
 }

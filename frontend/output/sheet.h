@@ -36,6 +36,18 @@ LumoSeminar::Text TableText(const Sheet& sheet, Shape shape, const TableStyle& s
 /// second of one name gets " 2" behind it.
 LumoSeminar::Text JsonText(const Sheet& sheet, Shape shape);
 
+/// Rows that belong to a row.
+struct Part {
+    LumoSeminar::Text name;
+    Sheet sheet;
+};
+
+/// A row as an object, the rows that belong to it as an array in it.
+LumoSeminar::Text JsonText(const Sheet& row, const Part& part);
+
+/// An array of row sets, each an array of its rows.
+LumoSeminar::Text JsonText(const std::vector<Sheet>& sheets);
+
 /// A header line, then a line a row; quoted where needed. Values as in JSON, texts byte by byte. NULL is nothing at
 /// all, the empty text is "".
 LumoSeminar::Text CsvText(const Sheet& sheet);

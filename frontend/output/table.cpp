@@ -28,7 +28,7 @@ struct Cell {
 struct CellText {
     Text operator()(std::monostate) const { return "NULL"; }
     Text operator()(Variant::NullValue) const { return "NULL"; }
-    Text operator()(Bool value) const { return value ? "true" : "false"; }
+    Text operator()(Bool value) const { return value ? "yes" : "no"; }
     Text operator()(Byte value) const { return DefaultText(Int32{value}); }
     Text operator()(Int16 value) const { return DefaultText(Int32{value}); }
     Text operator()(Int32 value) const { return DefaultText(value); }
