@@ -59,6 +59,7 @@ Outcome RunIn(const fs::path& folder, const Arguments& arguments, const std::str
     pointers.push_back(nullptr);
     for (const char* name : kSettings) unsetenv(name);
     setenv("TERM", "xterm", 1);
+    setenv("PAGER", "cat", 1);
     for (auto& setting : environment) putenv(setting.data());
     if (chdir(folder.c_str()) == 0) execv(pointers.front(), pointers.data());
     _exit(127);

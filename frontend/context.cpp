@@ -8,6 +8,7 @@
 #include <string>
 
 #include "frontend/output/failure.h"
+#include "frontend/output/pager.h"
 #include "frontend/output/screen_text.h"
 #include "frontend/output/terminal.h"
 #include "frontend/server_tables.h"
@@ -113,15 +114,14 @@ Int32 Context::Client() {
 
 void Context::Put(std::string_view text) const {
     if (is_muted_) return;
-    std::fwrite(text.data(), 1, text.size(), stdout);
-    std::fflush(stdout);
+    ShowPaged(text, IsForPeople() && !options.no_pager);
 }
 
 void Context::Print(const Sheet& sheet, Shape shape) const {
     switch (options.format) {
         case Format::kTable: {
             const auto terminal = TerminalOf(stdout);
-            Put(TableText(sheet, shape, {terminal.width, terminal.colour}));
+            Put(TableText(sheet, shape, {terminal.width, terminal.colour, options.records}));
             break;
         }
         case Format::kJson:

@@ -23,6 +23,8 @@ struct GeneralOptions {
     bool dry_run = false;
     bool yes = false;
     bool no_pager = false;
+    /// Rows as records in a table.
+    bool records = false;
     std::string format_typed;
     Format format = Format::kTable;
     bool help = false;

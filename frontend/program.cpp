@@ -33,7 +33,8 @@ constexpr const char* kRemark =
     "Exit codes: 0 done, 1 refused or with findings, 2 wrong usage.\n"
     "\n"
     "Environment: LUMOSEMINAR_CONNECT and LUMOSEMINAR_PASSWORD stand in for --connect and --password, LUMOSEMINAR_SCHEMA "
-    "names the folder of schema.sql and the like, NO_COLOR turns colours off.";
+    "names the folder of schema.sql and the like, NO_COLOR turns colours off, PAGER names the program that shows what is "
+    "longer than the screen (PAGER=cat: none).";
 
 Format ReadFormat(const std::string& typed) {
     if (typed == "json") return Format::kJson;
@@ -80,6 +81,7 @@ void DescribeProgram(Command& program, GeneralOptions& options) {
                  "Tell more about a failure: its number, where it came from, the statement that was refused");
     program.Option("--format", &options.format_typed, "FORMAT", "How data is printed: table, json or csv [table]")
         .OneOf({"table", "json", "csv"});
+    program.Flag("--no-pager", options.no_pager, "Never show what is longer than the screen through a pager");
     program.Flag("--help", options.help, "Print what the command takes, and end");
     program.Flag("--version", options.version, "Print the version and end");
     program.Remark(kRemark);

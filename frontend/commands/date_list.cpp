@@ -17,6 +17,7 @@
 #include "frontend/exit_codes.h"
 #include "frontend/output/counted.h"
 #include "frontend/output/month_calendar.h"
+#include "frontend/output/pager.h"
 #include "frontend/output/terminal.h"
 #include "frontend/output/tree.h"
 #include "frontend/read_value.h"
@@ -126,7 +127,8 @@ void PrintTree(const Context& context, Sheet sheet, const Tree& tree, bool all_c
     }
     if (context.options.format == Format::kTable) {
         const auto terminal = TerminalOf(stdout);
-        fmt::print("{}", TreeText(sheet, branches, {terminal.width, terminal.colour}));
+        ShowPaged(TreeText(sheet, branches, {terminal.width, terminal.colour, context.options.records}),
+                  !context.options.no_pager);
         return;
     }
     sheet.columns.insert(sheet.columns.begin(), "Group");

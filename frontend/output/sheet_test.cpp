@@ -49,6 +49,32 @@ TEST(TableText, ShortensTheWidestTextToFitTheScreen) {
     EXPECT_EQ(Table(sheet, {0, false}), Table(sheet, {200, false}));
 }
 
+TEST(TableText, NeverCutsNumbersAndMoments) {
+    const Sheet sheet{{"From", "Costs", "Title"},
+                      {{DateTime::Of(2026, 2, 28, 9, 5, 1), Money(1234567), "Übungen für Prüferinnen und Prüfer"}}};
+    EXPECT_EQ(Table(sheet, {49, false}),
+              "From                      Costs  Title\n"
+              "-------------------  ----------  ----------------\n"
+              "2026-02-28 09:05:01  1234567.00  Übungen für Prü…\n");
+    EXPECT_EQ(Table(sheet, {48, false}),
+              "-- 1 -----------------------------------\n"
+              "From   2026-02-28 09:05:01\n"
+              "Costs  1234567.00\n"
+              "Title  Übungen für Prüferinnen und Prüfer\n");
+}
+
+TEST(TableText, RecordsWrapLongTextsAndCanBeAskedFor) {
+    const Sheet sheet{{"A", "Long"}, {{"Übungen für Prüferinnen und Prüfer", Variant::Null()}, {"", Int32{7}}}};
+    EXPECT_EQ(Table(sheet, {30, true, true}),
+              "\x1b[2m-- 1 -------------------------\x1b[0m\n"
+              "\x1b[1mA\x1b[0m     Übungen für Prüferinnen\n"
+              "      und Prüfer\n"
+              "\x1b[1mLong\x1b[0m  \x1b[2mNULL\x1b[0m\n"
+              "\x1b[2m-- 2 -------------------------\x1b[0m\n"
+              "\x1b[1mA\x1b[0m\n"
+              "\x1b[1mLong\x1b[0m  7\n");
+}
+
 TEST(TableText, MakesControlCharactersAndBadBytesVisible) {
     const Text text = Table(OneValue(Text("a\nb\x1b[31m\xFF\xE2\x80\xAE\0z", 14)));
     EXPECT_EQ(text, "V\n" + Text(24, '-') + "\na\\nb\\x1b[31m\xEF\xBF\xBD\\u202e\\x00z\n");

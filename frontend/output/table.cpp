@@ -1,5 +1,8 @@
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
 #include "frontend/output/screen_text.h"
 #include "frontend/output/sheet.h"
@@ -15,14 +18,19 @@ constexpr std::string_view kDim = "\x1b[2m";
 constexpr std::string_view kBold = "\x1b[1m";
 constexpr std::string_view kPlain = "\x1b[0m";
 constexpr int kGap = 2;
-// No column is made narrower than this to fit the screen.
+// No column of texts is made narrower than this to fit the screen, ...
 constexpr int kLeastWidth = 16;
+// ... and no value of a record.
+constexpr int kLeastValue = 20;
+constexpr std::size_t kRule = 40;
 
 struct Cell {
     Text text;
     int width = 0;
     bool right = false;
     bool nothing = false;
+    /// May be shortened: a text, or nothing.
+    bool soft = true;
 };
 
 struct CellText {
@@ -41,9 +49,17 @@ struct CellText {
 };
 
 Cell MakeCell(const Variant& value) {
-    Cell cell{value.Visit(CellText{}), 0, IsNumber(value), IsNothing(value)};
+    Cell cell{value.Visit(CellText{}), 0, IsNumber(value), IsNothing(value), IsNothing(value) || value.Is<Text>()};
     cell.width = ScreenWidth(cell.text);
     return cell;
+}
+
+void Paint(Text& to, std::string_view text, std::string_view colour, const TableStyle& style) {
+    if (style.colour && !colour.empty()) {
+        to.append(colour).append(text).append(kPlain);
+    } else {
+        to += text;
+    }
 }
 
 // One table being laid out.
@@ -52,47 +68,66 @@ class Layout {
     explicit Layout(const TableStyle& style) : style_(style) {}
 
     void Column(const Text& name, bool right) {
-        Cell cell{Visible(name), 0, right, false};
+        Cell cell{Visible(name), 0, right, false, true};
         cell.width = ScreenWidth(cell.text);
         widths_.push_back(cell.width);
         header_.push_back(std::move(cell));
     }
 
     void Row(std::vector<Cell> cells) {
-        for (std::size_t i = 0; i < cells.size(); ++i) widths_[i] = std::max(widths_[i], cells[i].width);
+        for (std::size_t i = 0; i < cells.size(); ++i) {
+            widths_[i] = std::max(widths_[i], cells[i].width);
+            if (!cells[i].soft) header_[i].soft = false;
+        }
         rows_.push_back(std::move(cells));
     }
 
-    Text Print(bool with_header) {
-        Fit();
-        Text to;
-        if (with_header) {
-            Line(to, header_, kBold);
+    TablePieces Print() {
+        const bool fits = !style_.records && Fit();
+        TablePieces pieces;
+        if (fits) {
+            Line(pieces.head, header_, kBold);
             for (std::size_t i = 0; i < widths_.size(); ++i) {
-                if (i > 0) to.append(kGap, ' ');
-                to.append(static_cast<std::size_t>(widths_[i]), '-');
+                if (i > 0) pieces.head.append(kGap, ' ');
+                pieces.head.append(static_cast<std::size_t>(widths_[i]), '-');
             }
-            to += '\n';
+            pieces.head += '\n';
+            for (const auto& row : rows_) Line(pieces.rows.emplace_back(), row, {});
+        } else {
+            for (std::size_t i = 0; i < rows_.size(); ++i) {
+                Text& piece = pieces.rows.emplace_back();
+                Heading(piece, i + 1);
+                Record(piece, rows_[i]);
+            }
         }
-        for (const auto& row : rows_) Line(to, row, {});
+        return pieces;
+    }
+
+    // The rows as records without a heading.
+    Text PrintRecords() const {
+        Text to;
+        for (const auto& row : rows_) Record(to, row);
         return to;
     }
 
   private:
-    // Takes from the widest column of texts until the table fits, or nothing more can be taken.
-    void Fit() {
-        if (style_.width == 0) return;
+    // Takes from the widest column of texts until the table fits. False where it does not.
+    bool Fit() {
+        if (style_.width == 0) return true;
         int total = std::accumulate(widths_.begin(), widths_.end(), kGap * (static_cast<int>(widths_.size()) - 1));
         while (total > style_.width) {
-            const auto Width = [&](std::size_t i) { return header_[i].right ? 0 : widths_[i]; };
+            const auto Spare = [&](std::size_t i) {
+                return header_[i].soft && widths_[i] > std::max(kLeastWidth, header_[i].width) ? widths_[i] : 0;
+            };
             std::size_t widest = 0;
             for (std::size_t i = 1; i < widths_.size(); ++i) {
-                if (Width(i) > Width(widest)) widest = i;
+                if (Spare(i) > Spare(widest)) widest = i;
             }
-            if (Width(widest) <= std::max(kLeastWidth, header_[widest].width)) return;
+            if (Spare(widest) == 0) return false;
             --widths_[widest];
             --total;
         }
+        return true;
     }
 
     void Line(Text& to, const std::vector<Cell>& cells, std::string_view colour) const {
@@ -105,16 +140,41 @@ class Layout {
             const bool right = header_[i].right;
             if (right) pending += fill;
             to.append(pending, ' ');
-            const std::string_view paint = cell.nothing ? kDim : colour;
-            if (style_.colour && !paint.empty()) {
-                to.append(paint).append(text).append(kPlain);
-            } else {
-                to += text;
-            }
+            Paint(to, text, cell.nothing ? kDim : colour, style_);
             pending = (right ? 0 : fill) + kGap;
         }
         to.erase(to.find_last_not_of(' ') + 1);
         to += '\n';
+    }
+
+    void Heading(Text& to, std::size_t number) const {
+        Text heading = fmt::format("-- {} ", number);
+        const auto width = style_.width == 0 ? kRule : std::min(kRule, static_cast<std::size_t>(style_.width));
+        if (heading.size() < width) heading.append(width - heading.size(), '-');
+        Paint(to, heading, kDim, style_);
+        to += '\n';
+    }
+
+    void Record(Text& to, const std::vector<Cell>& cells) const {
+        int names = 0;
+        for (const auto& cell : header_) names = std::max(names, cell.width);
+        const int indent = names + kGap;
+        const int room = style_.width == 0 ? 0 : std::max(kLeastValue, style_.width - indent);
+        for (std::size_t i = 0; i < cells.size(); ++i) {
+            Paint(to, header_[i].text, kBold, style_);
+            if (cells[i].text.empty()) {
+                to += '\n';
+                continue;
+            }
+            int fill = indent - header_[i].width;
+            const bool is_long = room != 0 && cells[i].soft && cells[i].width > room;
+            for (const auto& line : is_long ? Wrap(cells[i].text, room) : std::vector{cells[i].text}) {
+                to.append(static_cast<std::size_t>(fill), ' ');
+                Paint(to, line, cells[i].nothing ? kDim : std::string_view{}, style_);
+                to += '\n';
+                fill = indent;
+            }
+        }
     }
 
     TableStyle style_;
@@ -134,22 +194,7 @@ bool GoesRight(const Sheet& sheet, std::size_t column) {
     return any;
 }
 
-Text OneRowText(const Sheet& sheet, const TableStyle& style) {
-    Layout layout(style);
-    layout.Column({}, false);
-    layout.Column({}, false);
-    for (const auto& row : sheet.rows) {
-        for (std::size_t i = 0; i < sheet.columns.size(); ++i) {
-            layout.Row({MakeCell(sheet.columns[i]), MakeCell(row[i])});
-        }
-    }
-    return layout.Print(false);
-}
-
-}  // namespace
-
-Text TableText(const Sheet& sheet, Shape shape, const TableStyle& style) {
-    if (shape == Shape::kOneRow) return OneRowText(sheet, style);
+Layout LayOut(const Sheet& sheet, const TableStyle& style) {
     Layout layout(style);
     for (std::size_t i = 0; i < sheet.columns.size(); ++i) layout.Column(sheet.columns[i], GoesRight(sheet, i));
     for (const auto& row : sheet.rows) {
@@ -158,7 +203,19 @@ Text TableText(const Sheet& sheet, Shape shape, const TableStyle& style) {
         for (const auto& value : row) cells.push_back(MakeCell(value));
         layout.Row(std::move(cells));
     }
-    return layout.Print(true);
+    return layout;
+}
+
+}  // namespace
+
+TablePieces PiecesOfTable(const Sheet& sheet, const TableStyle& style) { return LayOut(sheet, style).Print(); }
+
+Text TableText(const Sheet& sheet, Shape shape, const TableStyle& style) {
+    if (shape == Shape::kOneRow) return LayOut(sheet, style).PrintRecords();
+    auto pieces = PiecesOfTable(sheet, style);
+    Text text = std::move(pieces.head);
+    for (const auto& row : pieces.rows) text += row;
+    return text;
 }
 
 }  // namespace frontend

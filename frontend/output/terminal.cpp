@@ -17,7 +17,9 @@ Terminal TerminalOf(std::FILE* stream) {
     const char* kind = std::getenv("TERM");
     terminal.colour = (no_colour == nullptr || *no_colour == '\0') && (kind == nullptr || std::string_view(kind) != "dumb");
     winsize size{};
-    terminal.width = ioctl(descriptor, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : 80;
+    const bool tells = ioctl(descriptor, TIOCGWINSZ, &size) == 0;
+    terminal.width = tells && size.ws_col > 0 ? size.ws_col : 80;
+    terminal.height = tells && size.ws_row > 0 ? size.ws_row : 24;
     return terminal;
 }
 

@@ -11,6 +11,8 @@ struct Terminal {
     bool colour = false;
     /// 80 where the terminal does not tell, 0 for a stream that is none.
     int width = 0;
+    /// Lines; 24 where the terminal does not tell, 0 for a stream that is none.
+    int height = 0;
 };
 
 Terminal TerminalOf(std::FILE* stream);

@@ -13,11 +13,12 @@ namespace {
 
 constexpr std::string_view kIndent = "  ";
 
-// Takes the first line of a text away and gives it, its line break included.
-std::string_view TakeLine(std::string_view& text) {
-    const auto line = text.substr(0, text.find('\n') + 1);
-    text.remove_prefix(line.size());
-    return line;
+void AddIndented(Text& to, std::string_view lines) {
+    while (!lines.empty()) {
+        const auto line = lines.substr(0, lines.find('\n') + 1);
+        lines.remove_prefix(line.size());
+        to.append(kIndent).append(line);
+    }
 }
 
 }  // namespace
@@ -25,17 +26,14 @@ std::string_view TakeLine(std::string_view& text) {
 Text TreeText(const Sheet& sheet, const std::vector<Branch>& branches, const TableStyle& style) {
     TableStyle inner = style;
     if (style.width != 0) inner.width = std::max(1, style.width - static_cast<int>(kIndent.size()));
-    const Text table = TableText(sheet, Shape::kRows, inner);
-    std::string_view left = table;
+    const auto pieces = PiecesOfTable(sheet, inner);
     Text tree;
-    const auto AddLines = [&](std::size_t count) {
-        for (; count > 0; --count) tree.append(kIndent).append(TakeLine(left));
-    };
-    AddLines(2);
+    AddIndented(tree, pieces.head);
+    auto row = pieces.rows.begin();
     for (const auto& branch : branches) {
         const auto heading = Visible(branch.heading);
         tree += style.colour ? "\x1b[1m" + heading + "\x1b[0m\n" : heading + '\n';
-        AddLines(branch.rows);
+        for (std::size_t i = 0; i < branch.rows; ++i) AddIndented(tree, *row++);
     }
     return tree;
 }

@@ -30,6 +30,20 @@ TEST(TreeText, FitsTheScreenWithItsIndentation) {
               "    1  a\\nb\n");
 }
 
+TEST(TreeText, KeepsRecordsUnderTheirHeadings) {
+    const Sheet sheet{{"From", "To"},
+                      {{DateTime::Of(2026, 2, 28), DateTime::Of(2026, 3, 1)}, {DateTime::Of(2026, 4, 1), "open"}}};
+    EXPECT_EQ(TreeText(sheet, {{"2026", 1}, {"others", 1}}, {20, false}),
+              "2026\n"
+              "  -- 1 -------------\n"
+              "  From  2026-02-28\n"
+              "  To    2026-03-01\n"
+              "others\n"
+              "  -- 2 -------------\n"
+              "  From  2026-04-01\n"
+              "  To    open\n");
+}
+
 TEST(TreeText, WithoutRowsIsTheHeader) {
     EXPECT_EQ(TreeText({{"A"}, {}}, {}, {}), "  A\n  -\n");
     EXPECT_EQ(TreeText({{"A"}, {}}, {{"none", 0}}, {}), "  A\n  -\nnone\n");
