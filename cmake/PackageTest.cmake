@@ -46,6 +46,15 @@ foreach(file schema.sql sample.sql process.sql process_sample.sql)
         message(FATAL_ERROR "Not installed: share/lumoseminar/${file}")
     endif()
 endforeach()
+foreach(
+    file
+    bash-completion/completions/lumoseminar zsh/site-functions/_lumoseminar fish/vendor_completions.d/lumoseminar.fish
+    man/man1/lumoseminar.1 man/man1/lumoseminar-seminars.1
+)
+    if(NOT EXISTS ${prefix}/share/${file})
+        message(FATAL_ERROR "Not installed: share/${file}")
+    endif()
+endforeach()
 
 function(build_example example folder)
     check_run(

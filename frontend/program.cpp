@@ -15,6 +15,7 @@
 #include "frontend/output/screen_text.h"
 #include "frontend/output/terminal.h"
 #include "frontend/read_value.h"
+#include "frontend/version.h"
 
 namespace frontend {
 namespace {
@@ -40,11 +41,6 @@ Format ReadFormat(const std::string& typed) {
     if (typed == "json") return Format::kJson;
     if (typed == "csv") return Format::kCsv;
     return Format::kTable;
-}
-
-void ReadGeneralOptions(GeneralOptions& options) {
-    options.format = ReadFormat(options.format_typed);
-    if (options.client_typed) options.client = ReadInt32("--client", *options.client_typed);
 }
 
 int ReportUsage(const std::string& message, const std::string& command) {
@@ -88,6 +84,11 @@ void DescribeProgram(Command& program, GeneralOptions& options) {
     AddCommands(program);
 }
 
+void ReadGeneralOptions(GeneralOptions& options) {
+    options.format = ReadFormat(options.format_typed);
+    if (options.client_typed) options.client = ReadInt32("--client", *options.client_typed);
+}
+
 int Program::Run(const std::vector<std::string>& words) {
     int code = kRefused;
     try {
@@ -114,9 +115,8 @@ int Program::Act(const std::vector<std::string>& words) {
     if (const char* password = std::getenv("LUMOSEMINAR_PASSWORD"); password != nullptr && options.password.empty()) {
         options.password = password;
     }
-    Command program("lumoseminar", "Seminar administration on the command line");
-    DescribeProgram(program, options);
-    const auto chosen = ChooseCommand(program, words);
+    const DescribedProgram described(options);
+    const auto chosen = ChooseCommand(described.program, words);
     try {
         if (IsHelpWanted(chosen)) {
             fmt::print("{}", HelpText(chosen.path, HelpWidth()));
@@ -125,7 +125,7 @@ int Program::Act(const std::vector<std::string>& words) {
         ReadWords(chosen);
         ReadGeneralOptions(options);
         if (options.version) {
-            fmt::print("lumoseminar {}\n", LUMOSEMINAR_VERSION);
+            fmt::print("lumoseminar {}\n", kVersion);
             return kDone;
         }
         if (words.empty()) {

@@ -13,6 +13,17 @@ namespace frontend {
 /// @param options  has to live as long as the result
 void DescribeProgram(Command& program, GeneralOptions& options);
 
+/// The whole program, described.
+struct DescribedProgram {
+    /// @param options  have to live as long as the result
+    explicit DescribedProgram(GeneralOptions& options) { DescribeProgram(program, options); }
+
+    Command program{"lumoseminar", "Seminar administration on the command line"};
+};
+
+/// Reads what was typed for general options. Raises UsageError where it is wrong.
+void ReadGeneralOptions(GeneralOptions& options);
+
 /// Carries out command lines, one after the other on one session.
 class Program {
   public:

@@ -149,7 +149,11 @@ class Command {
     /// The values behind options and arguments have to live as long as the action, which therefore owns them.
     void Does(Action action) { action_ = std::move(action); }
 
+    /// For programs: help, manual and completion do not name it.
+    void Hide() { hidden_ = true; }
+
     const std::string& Name() const { return name_; }
+    bool IsHidden() const { return hidden_; }
     const std::string& Summary() const { return summary_; }
     const std::string& Remark() const { return remark_; }
     const std::deque<Command>& Commands() const { return commands_; }
@@ -180,6 +184,7 @@ class Command {
     DryRun way_of_dry_run_ = DryRun::kNone;
     bool dry_run_ = false;
     bool answered_ = false;
+    bool hidden_ = false;
 };
 
 /// A command and those above it, the program first.

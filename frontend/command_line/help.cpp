@@ -96,7 +96,9 @@ std::string HelpText(const CommandPath& path, int width) {
     page.Paragraphs(command.Summary() + '.');
     if (!command.Commands().empty()) {
         page.Heading("Commands");
-        for (const auto& one : command.Commands()) page.Entry(one.Name(), one.Summary());
+        for (const auto& one : command.Commands()) {
+            if (!one.IsHidden()) page.Entry(one.Name(), one.Summary());
+        }
     }
     if (!command.Arguments().empty()) {
         page.Heading("Arguments");

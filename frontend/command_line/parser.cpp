@@ -42,7 +42,9 @@ std::size_t Distance(std::string_view a, std::string_view b) {
 
 std::vector<std::string> NamesOf(const std::deque<Command>& commands) {
     std::vector<std::string> names;
-    for (const auto& command : commands) names.push_back(command.Name());
+    for (const auto& command : commands) {
+        if (!command.IsHidden()) names.push_back(command.Name());
+    }
     return names;
 }
 

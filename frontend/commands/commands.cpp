@@ -8,7 +8,8 @@ constexpr void (*kCommands[])(Command&) = {AddInit,         AddSeminars,   AddDa
                                            AddParticipants, AddWaitlist,   AddInterest, AddNeeds,   AddConsent,
                                            AddCheck,        AddApprove,    AddWithdraw, AddPersons, AddFocus,
                                            AddTargets,      AddOrganisers, AddVenues,   AddClerks,  AddCostTypes,
-                                           AddUsers,        AddBudget,     AddSql,      AddTables,  AddTour};
+                                           AddUsers,        AddBudget,     AddSql,      AddTables,  AddTour,
+                                           AddCompletion,  AddManual};
 
 }  // namespace
 
