@@ -10,6 +10,7 @@
 #include "frontend/command_line/help.h"
 #include "frontend/command_line/parser.h"
 #include "frontend/commands/commands.h"
+#include "frontend/console/console.h"
 #include "frontend/dry_run.h"
 #include "frontend/exit_codes.h"
 #include "frontend/output/screen_text.h"
@@ -127,6 +128,10 @@ int Program::Act(const std::vector<std::string>& words) {
         if (options.version) {
             fmt::print("lumoseminar {}\n", kVersion);
             return kDone;
+        }
+        const bool names_no_command = chosen.path.size() == 1;
+        if (names_no_command && TerminalOf(stdin).is_terminal && TerminalOf(stdout).is_terminal) {
+            return Console(context_).Run();
         }
         if (words.empty()) {
             fmt::print("{}", HelpText(chosen.path, HelpWidth()));
