@@ -41,6 +41,7 @@ Bool AnySession::Connect(const Text& connection_text, const Text& user, const Te
         choice_refused_ = true;
         return false;
     }
+    KeepFurtherRows(keeps_further_rows_);
     return session_->Connect(connection_text, user, password, timeout);
 }
 
@@ -69,6 +70,21 @@ Int32 AnySession::RowsAffected() const {
     if (const auto odbc = session_.As<OdbcSession>()) return odbc->RowsAffected();
 #endif
     return Embedded()->RowsAffected();
+}
+
+void AnySession::KeepFurtherRows(bool keep) {
+    keeps_further_rows_ = keep;
+#ifdef LUMOSEMINAR_WITH_ODBC
+    if (const auto odbc = session_.As<OdbcSession>()) return odbc->KeepFurtherRows(keep);
+#endif
+    Embedded()->KeepFurtherRows(keep);
+}
+
+const std::vector<Ref<RecordSet>>& AnySession::FurtherRows() const {
+#ifdef LUMOSEMINAR_WITH_ODBC
+    if (const auto odbc = session_.As<OdbcSession>()) return odbc->FurtherRows();
+#endif
+    return Embedded()->FurtherRows();
 }
 
 Ref<DataSession> MakeAnySession() { return New<AnySession>(); }

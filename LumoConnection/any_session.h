@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string_view>
+#include <vector>
 
 #include <LumoConnection/embedded/session.h>
 
@@ -34,6 +35,10 @@ class AnySession final : public DataSession {
     Int32 LastErrorNumber() const;
     /// Rows that the last call changed or selected; -1 where there are none.
     Int32 RowsAffected() const;
+    /// From here on, or no longer, a text is asked for all its row sets, which costs the memory for them.
+    void KeepFurtherRows(bool keep);
+    /// The row sets of the last text behind its first one, in their order. Empty where they are not kept.
+    const std::vector<Ref<RecordSet>>& FurtherRows() const;
 
     /// The session behind; empty where it is on another database.
     Ref<EmbeddedSession> Embedded() const { return session_.As<EmbeddedSession>(); }
@@ -43,6 +48,7 @@ class AnySession final : public DataSession {
     /// Of the sessions before, or of a choice that could not be made.
     Text earlier_refusal_;
     bool choice_refused_ = false;
+    bool keeps_further_rows_ = false;
 };
 
 /// A session that chooses when it is connected.

@@ -104,5 +104,17 @@ TEST(AnySession, IsWhatTheLibraryAndTheProcessObjectsMake) {
     SetComponents({});
 }
 
+TEST(AnySession, KeepsFurtherRowsOfWhateverSessionItBecomes) {
+    AnySession session;
+    session.KeepFurtherRows(true);
+    ASSERT_TRUE(session.Connect("Provider=Embedded;Data Source=:memory:", "", "", 30));
+    ASSERT_TRUE(session.OpenSelect("SELECT 1 SELECT 2"));
+    ASSERT_EQ(session.FurtherRows().size(), 1U);
+    EXPECT_EQ(session.FurtherRows().front()->Fields().Item(Int16{0}).Value(), Variant(Int32{2}));
+    session.KeepFurtherRows(false);
+    ASSERT_TRUE(session.OpenSelect("SELECT 1 SELECT 2"));
+    EXPECT_TRUE(session.FurtherRows().empty());
+}
+
 }  // namespace
 }  // namespace LumoConnection

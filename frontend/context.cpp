@@ -98,8 +98,24 @@ std::optional<Int32> Context::RowsChanged() const {
     return opened_.plain->RowsAffected();
 }
 
-Ref<RecordSet> Context::RowsBeforeRefusal() const {
-    return opened_.embedded ? opened_.embedded->RowsBeforeRefusal() : nullptr;
+std::vector<Ref<RecordSet>> Context::RunText(const Text& text) {
+    const auto connection = AnyDatabase()->AdoConnection();
+    opened_.plain->KeepFurtherRows(true);
+    std::vector<Ref<RecordSet>> all;
+    if (const auto first = connection->Execute(text); first->Fields().Count() != 0) all.push_back(first);
+    const auto& further = opened_.plain->FurtherRows();
+    all.insert(all.end(), further.begin(), further.end());
+    return all;
+}
+
+std::vector<Ref<RecordSet>> Context::RowSetsBeforeRefusal() const {
+    std::vector<Ref<RecordSet>> all;
+    if (!opened_.embedded) return all;
+    if (const auto first = opened_.embedded->RowsBeforeRefusal(); first && first->Fields().Count() != 0)
+        all.push_back(first);
+    const auto& further = opened_.embedded->FurtherRows();
+    all.insert(all.end(), further.begin(), further.end());
+    return all;
 }
 
 std::vector<LumoConnection::TableInfo> Context::Tables() {

@@ -51,8 +51,11 @@ class Context {
     /// Rows that the last call changed, if the database tells.
     std::optional<LumoSeminar::Int32> RowsChanged() const;
 
-    /// The rows of the last call that was refused further on in its text. Empty where there are none.
-    LumoSeminar::Ref<LumoSeminar::RecordSet> RowsBeforeRefusal() const;
+    /// Runs a text on the connection and gives all its row sets. Raises where it is refused.
+    std::vector<LumoSeminar::Ref<LumoSeminar::RecordSet>> RunText(const LumoSeminar::Text& text);
+
+    /// The row sets of the last RunText that was refused further on in its text.
+    std::vector<LumoSeminar::Ref<LumoSeminar::RecordSet>> RowSetsBeforeRefusal() const;
 
     /// The tables of the database, by name.
     /// @see ServerTables

@@ -19,6 +19,8 @@ namespace LumoConnection::Embedded {
 struct Outcome {
     /// The rows of the first statement that yields any; null where none does.
     std::shared_ptr<StoredRows> rows;
+    /// Those of the statements behind it, where they are kept.
+    std::vector<std::shared_ptr<StoredRows>> further_rows;
     /// The types of its columns.
     std::vector<Type> types;
     /// The first refusal. Statements behind it may have run all the same.
@@ -48,6 +50,8 @@ class Database {
 
     /// Runs a text as one batch. What goes wrong is in the outcome.
     Outcome Run(std::string_view text);
+    /// From here on, or no longer: Outcome::further_rows.
+    void KeepFurtherRows(bool keep) noexcept { keeps_further_rows_ = keep; }
 
     const Catalog& Tables();
     const PlanStore& Plans() const { return plans_; }
@@ -89,6 +93,7 @@ class Database {
     int transactions_ = 0;
     bool schema_touched_ = false;  // by the open transaction
     std::int64_t row_count_ = 0;
+    bool keeps_further_rows_ = false;
     ShapeReader shapes_;
     std::string shape_;
     std::vector<Literal> literals_;

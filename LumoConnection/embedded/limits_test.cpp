@@ -122,6 +122,26 @@ TEST(EmbeddedBatch, KeepsTheRowsFromBeforeARefusal) {
     EXPECT_EQ(value(), Variant(Int32{7}));
 }
 
+TEST(EmbeddedBatch, KeepsFurtherRowsWhereTheyAreAskedFor) {
+    auto session = test_support::EmptyDatabase();
+    const std::string text = "DECLARE @n int SELECT 1 SET @n = 2 SELECT @n SELECT @n = 3 SELECT @n";
+    const auto values = [&] {
+        std::vector<Int32> all;
+        for (const auto& rows : session->FurtherRows()) all.push_back(To<Int32>(rows->Fields().Item(Int16{0}).Value()));
+        return all;
+    };
+    ASSERT_TRUE(session->OpenSelect(text));
+    EXPECT_TRUE(values().empty());
+    session->KeepFurtherRows(true);
+    ASSERT_TRUE(session->OpenSelect(text));
+    EXPECT_EQ(values(), (std::vector<Int32>{2, 3}));
+    EXPECT_EQ(To<Int32>(session->Recordset()->Fields().Item(Int16{0}).Value()), 1);
+    EXPECT_FALSE(session->ExecuteSql("SELECT 1 SELECT 2 SELECT 1 / 0"));
+    EXPECT_EQ(values(), std::vector<Int32>{2});
+    ASSERT_TRUE(session->OpenSelect("SELECT 1"));
+    EXPECT_TRUE(values().empty());
+}
+
 TEST(EmbeddedBatch, RefusesWhatSqliteWouldNotUnderstand) {
     auto session = test_support::EmptyDatabase();
     ASSERT_TRUE(session->ExecuteSql("CREATE TABLE T (a int)"));

@@ -194,7 +194,8 @@ void Runner::RunSelect(Statement& statement, SelectStatement& select) {
         return StartOver();
     }
     std::shared_ptr<StoredRows> rows;
-    if (!outcome_.rows) rows = std::make_shared<StoredRows>(compiled.names);
+    const bool is_first = !outcome_.rows;
+    if (is_first || database_.keeps_further_rows_) rows = std::make_shared<StoredRows>(compiled.names);
     std::int64_t count = 0;
     for (; row; row = running.Step(database_.connection_)) {
         if (rows) AppendRow(*rows, compiled);
@@ -203,6 +204,10 @@ void Runner::RunSelect(Statement& statement, SelectStatement& select) {
     running.Reset();
     database_.row_count_ = outcome_.affected = count;
     if (!rows) return;
+    if (!is_first) {
+        outcome_.further_rows.push_back(std::move(rows));
+        return;
+    }
     outcome_.rows = std::move(rows);
     outcome_.types = compiled.types;
 }

@@ -53,6 +53,8 @@ class EmbeddedSession::State : public Object {
 
     Ref<RecordSet> rows;
     Ref<RecordSet> rows_before_refusal;
+    bool keeps_further_rows = false;
+    std::vector<Ref<RecordSet>> further_rows;
     /// For a text that yields none; made before it runs, as nothing may fail behind it.
     Ref<RecordSet> no_rows;
     std::vector<Embedded::Type> types;
@@ -71,6 +73,7 @@ class EmbeddedSession::State : public Object {
         error_place.reset();
         taken_back = false;
         affected = -1;
+        further_rows.clear();
     }
 
     // Needs no memory.
@@ -109,8 +112,10 @@ class EmbeddedSession::State : public Object {
             }
             if (!no_rows) no_rows = New<StoredRows>(StoredRows::Names());
             rows_before_refusal.Reset();
+            database->KeepFurtherRows(keeps_further_rows);
             outcome = database->Run(sql);
             if (outcome.rows) rows_before_refusal = Ref<StoredRows>(outcome.rows);
+            for (auto& further : outcome.further_rows) further_rows.emplace_back(Ref<StoredRows>(std::move(further)));
             taken_back = outcome.taken_back;
             affected = static_cast<Int32>(std::clamp<std::int64_t>(outcome.affected, -1, std::numeric_limits<Int32>::max()));
             if (outcome.refusal) {
@@ -245,6 +250,8 @@ std::vector<Text> EmbeddedSession::ColumnTypes() const {
     return names;
 }
 Ref<RecordSet> EmbeddedSession::RowsBeforeRefusal() const { return state_->rows_before_refusal; }
+void EmbeddedSession::KeepFurtherRows(bool keep) { state_->keeps_further_rows = keep; }
+const std::vector<Ref<RecordSet>>& EmbeddedSession::FurtherRows() const { return state_->further_rows; }
 void EmbeddedSession::Close() { state_->Close(); }
 bool EmbeddedSession::IsOpen() const { return state_->database.has_value(); }
 std::vector<TableInfo> EmbeddedSession::Tables() const {

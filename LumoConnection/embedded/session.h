@@ -68,6 +68,12 @@ class EmbeddedSession final : public DataSession {
     /// Rows of the last text, however it was run, even where a later statement of it was refused.
     Ref<RecordSet> RowsBeforeRefusal() const;
 
+    /// From here on, or no longer, a text is asked for all its row sets, which costs the memory for them.
+    void KeepFurtherRows(bool keep);
+    /// The row sets of the last text behind its first one, in their order, even where a later statement of it was
+    /// refused. Empty where they are not kept.
+    const std::vector<Ref<RecordSet>>& FurtherRows() const;
+
     /// Closes the file; an open transaction is taken back. Row sets stay readable. May be opened again.
     void Close();
     bool IsOpen() const;

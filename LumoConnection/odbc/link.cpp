@@ -97,7 +97,9 @@ void Link::ReadResult(SQLHSTMT statement, TextOutcome& outcome, Diagnostics& dia
     SQLSMALLINT columns = 0;
     if (!diagnostics.Take(SQLNumResultCols(statement, &columns), SQL_HANDLE_STMT, statement)) return;
     ResultReader reader(statement, diagnostics);
-    if (columns > 0 && outcome.rows) {
+    if (columns > 0 && outcome.rows && outcome.keeps_further_rows) {
+        outcome.further_rows.emplace_back(reader.Read(columns));
+    } else if (columns > 0 && outcome.rows) {
         reader.Skip();
     } else if (columns > 0) {
         outcome.rows = reader.Read(columns);

@@ -12,6 +12,9 @@ struct TextOutcome {
     Ref<StoredRows> rows;
     /// Rows changed by the last statement that tells, or selected; -1 where there are none.
     Int32 affected = -1;
+    bool keeps_further_rows = false;
+    /// The row sets behind the first, where they are kept.
+    std::vector<Ref<RecordSet>> further_rows;
 };
 
 /// One connection to a server, from the login to the end of the object.

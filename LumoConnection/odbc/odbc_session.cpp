@@ -38,8 +38,11 @@ class OdbcSession::State : public Object {
     /// Of the last refusal before that one.
     Odbc::Diagnostics earlier_refusal;
     Int32 affected = -1;
+    bool keeps_further_rows = false;
+    std::vector<Ref<RecordSet>> further_rows;
 
     void Clear() {
+        further_rows.clear();
         if (diagnostics.Failed()) earlier_refusal = std::move(diagnostics);
         diagnostics.Clear();
     }
@@ -57,7 +60,9 @@ class OdbcSession::State : public Object {
         affected = -1;
         try {
             if (!CanBeSent(sql)) return false;
+            outcome.keeps_further_rows = keeps_further_rows;
             link->Run(sql, outcome, diagnostics);
+            further_rows = std::move(outcome.further_rows);
             affected = outcome.affected;
             if (!outcome.rows) outcome.rows = New<StoredRows>(StoredRows::Names());
         } catch (const std::bad_alloc&) {
@@ -188,6 +193,8 @@ Text OdbcSession::LastErrorText() { return state_->ErrorText(); }
 Int32 OdbcSession::LastErrorNumber() const { return state_->diagnostics.Number(); }
 const std::vector<OdbcDiagnostic>& OdbcSession::Diagnostics() const { return state_->diagnostics.Records(); }
 Int32 OdbcSession::RowsAffected() const { return state_->affected; }
+void OdbcSession::KeepFurtherRows(bool keep) { state_->keeps_further_rows = keep; }
+const std::vector<Ref<RecordSet>>& OdbcSession::FurtherRows() const { return state_->further_rows; }
 void OdbcSession::Close() { state_->Close(); }
 bool OdbcSession::IsOpen() const { return state_->IsOpen(); }
 

@@ -70,6 +70,10 @@ class OdbcSession final : public DataSession {
     const std::vector<OdbcDiagnostic>& Diagnostics() const;
     /// Rows that the last call changed (its last statement that tells) or selected; -1 where there are none.
     Int32 RowsAffected() const;
+    /// From here on, or no longer, a text is asked for all its row sets, which costs the memory for them.
+    void KeepFurtherRows(bool keep);
+    /// The row sets of the last text behind its first one, in their order. Empty where they are not kept.
+    const std::vector<Ref<RecordSet>>& FurtherRows() const;
 
     /// Ends the connection. Row sets stay readable. May be opened again.
     void Close();

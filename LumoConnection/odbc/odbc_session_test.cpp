@@ -300,6 +300,21 @@ TEST_F(OdbcSessionTest, TheFirstRowSetCountsAndAllIsRead) {
     EXPECT_EQ(driver_->statements, 0);
 }
 
+TEST_F(OdbcSessionTest, FurtherRowSetsAreKeptWhereTheyAreAskedFor) {
+    Connect();
+    session_->KeepFurtherRows(true);
+    Answer({Rows({4, 5}), {.row_count = 1}, Rows({6}), Rows({})});
+    ASSERT_TRUE(session_->OpenSelect("SELECT ...")) << session_->LastErrorText();
+    EXPECT_EQ(NumbersOf(session_->Recordset()), (std::vector<Int32>{4, 5}));
+    ASSERT_EQ(session_->FurtherRows().size(), 2U);
+    EXPECT_EQ(NumbersOf(session_->FurtherRows()[0]), std::vector<Int32>{6});
+    EXPECT_EQ(NumbersOf(session_->FurtherRows()[1]), std::vector<Int32>{});
+    session_->KeepFurtherRows(false);
+    Answer({Rows({4}), Rows({6})});
+    ASSERT_TRUE(session_->OpenSelect("SELECT ..."));
+    EXPECT_TRUE(session_->FurtherRows().empty());
+}
+
 TEST_F(OdbcSessionTest, ATextWithoutRowsGivesARowSetWithoutColumns) {
     Connect();
     Answer({{.row_count = 3, .code = SQL_NO_DATA}});

@@ -43,7 +43,7 @@ class RowPrinter {
 
     void Finish() const {
         if (context_.options.format != Format::kJson) return;
-        if (batches_ > 1) {
+        if (batches_ > 1 || sheets_.size() > 1) {
             context_.PrintAll(sheets_);
         } else {
             context_.Print(sheets_.empty() ? Sheet() : sheets_.front());
@@ -78,18 +78,16 @@ int ShowBatches(const Context& context, const std::vector<LumoConnection::Batch>
 }
 
 int RunBatches(Context& context, const std::vector<LumoConnection::Batch>& batches, RowPrinter& printer) {
-    const auto connection = context.AnyDatabase()->AdoConnection();
     for (const auto& batch : batches) {
         try {
-            const auto rows = connection->Execute(batch.text);
-            if (rows->Fields().Count() != 0) {
-                printer.Print(rows);
-            } else if (const auto changed = context.RowsChanged()) {
+            const auto all = context.RunText(batch.text);
+            for (const auto& rows : all) printer.Print(rows);
+            if (!all.empty()) continue;
+            if (const auto changed = context.RowsChanged()) {
                 context.Note(CountText(*changed, " changed"));
             }
         } catch (const Error& error) {
-            const auto rows = context.RowsBeforeRefusal();
-            if (rows && rows->Fields().Count() != 0) printer.Print(rows);
+            for (const auto& rows : context.RowSetsBeforeRefusal()) printer.Print(rows);
             context.ReportWithNumber(error);
             if (const auto place = context.RefusedAt()) {
                 fmt::print(stderr, "{}", PlaceText(batch.text, *place, batch.line));
@@ -121,11 +119,11 @@ void AddSql(Command& program) {
     command.Argument("TEXT", &options->text, "The text, or - for standard input");
     command.Option("--file", &options->file, "FILE", "A file with the text").ExistingFile();
     command.Remark(
-        "Batches are parted by lines GO. Of each batch the rows of the first statement\n"
-        "that yields any are printed, also where a statement behind it is refused; the\n"
-        "first batch that is refused ends the run. In JSON a text of one batch gives the\n"
-        "array of its rows, a text of more batches an array of such arrays; in CSV a\n"
-        "blank line stands between. --dry-run prints the batches.");
+        "Batches are parted by lines GO. Of each batch all row sets are printed, on the\n"
+        "embedded database also where a statement behind them is refused; the first\n"
+        "batch that is refused ends the run. In JSON a text of one batch with one row set\n"
+        "gives the array of its rows, any other an array of such arrays; in CSV a blank\n"
+        "line stands between. --dry-run prints the batches.");
     command.Writes(DryRun::kOwn);
     command.Does([options](Context& context) { return Sql(context, *options); });
 }

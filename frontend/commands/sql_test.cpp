@@ -49,6 +49,17 @@ TEST_F(Cli, SqlFromAFileAndFromStandardInput) {
     EXPECT_EQ(Run({"sql", "-", "--format", "csv"}, ReadAll(folder_ / "q.sql")).out, expected);
 }
 
+TEST_F(Cli, SqlPrintsAllRowSetsOfABatch) {
+    UseSample();
+    const auto done =
+        Run({"sql", "select 1 as a; declare @n int = 2; select @n as b; select 3 as c where 1 = 0", "--format", "csv"});
+    EXPECT_EQ(done.code, 0) << done.err;
+    EXPECT_EQ(done.out, "a\n1\n\nb\n2\n\nc\n");
+    const auto refused = Run({"sql", "select 1 as a; select 2 as b; select 1 / 0 as c", "--format", "csv"});
+    EXPECT_EQ(refused.code, 1);
+    EXPECT_EQ(refused.out, "a\n1\n\nb\n2\n");
+}
+
 TEST_F(Cli, SqlStopsAtTheBatchThatIsRefused) {
     UseSample();
     const auto done =

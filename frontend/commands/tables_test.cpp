@@ -47,11 +47,11 @@ TEST_F(Cli, TablesRefusesATableThatIsNotThere) {
     EXPECT_THAT(outcome.err, HasSubstr("There is no table \"Nirgends\" in the database."));
 }
 
-TEST_F(Cli, SqlPrintsRowsFromBeforeARefusalInTheSameBatch) {
+TEST_F(Cli, SqlPrintsRowsFromAroundARefusalInTheSameBatch) {
     UseSample();
     const auto outcome = Run({"sql", "select MDNR from OpactMD insert into OpactMD (MDNR) values (1) select 2 as Danach"});
     EXPECT_EQ(outcome.code, 1);
-    EXPECT_EQ(outcome.out, "MDNR\n----\n   1\n");
+    EXPECT_EQ(outcome.out, "MDNR\n----\n   1\n\nDanach\n------\n     2\n");
     EXPECT_THAT(outcome.err, HasSubstr("PK_OpactMD"));
 }
 

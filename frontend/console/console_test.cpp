@@ -59,6 +59,12 @@ TEST_F(ConsoleForReal, RunsStatementsOverSeveralLines) {
     EXPECT_THAT(shown.screen, HasSubstr("Invalid column name 'Nosuch'."));
 }
 
+TEST_F(ConsoleForReal, ShowsAllRowSetsOfAText) {
+    UseSample();
+    const auto shown = Type({}, {{kPrompt, "SELECT 'one' AS a; SELECT 'two' AS b;\r"}});
+    EXPECT_THAT(shown.screen, HasSubstr("\r\none\r\n(1 row)\r\n\r\nb\r\n---\r\ntwo\r\n(1 row)\r\n"));
+}
+
 TEST_F(ConsoleForReal, CtrlCDropsWhatWasTyped) {
     UseSample();
     const auto shown = Type({}, {{kPrompt, "DELETE FROM Sem_Katalog_IT\r"},
