@@ -21,7 +21,8 @@ class ConsoleForReal : public Cli {
   protected:
     /// Sits at a console without colours and types each line once there is a prompt.
     Shown Type(const Arguments& arguments, const std::vector<Act>& acts) const {
-        Seat seat{.acts = acts};
+        Seat seat;
+        seat.acts = acts;
         seat.environment = {"NO_COLOR=1", "PAGER=cat", "XDG_STATE_HOME=" + (folder_ / "state").string()};
         seat.acts.push_back({kPrompt, "\\q\r"});
         auto shown = Sit(arguments, seat);
@@ -77,7 +78,10 @@ TEST_F(ConsoleForReal, CtrlCDropsWhatWasTyped) {
 TEST_F(ConsoleForReal, EndsAtCtrlDAndAtExit) {
     UseSample();
     for (const char* end : {"\x04", "exit\r", "quit;\r"}) {
-        const auto shown = Sit({}, {.acts = {{kPrompt, end}}, .environment = {"NO_COLOR=1", "HOME=" + folder_.string()}});
+        Seat seat;
+        seat.acts = {{kPrompt, end}};
+        seat.environment = {"NO_COLOR=1", "HOME=" + folder_.string(), "XDG_STATE_HOME="};
+        const auto shown = Sit({}, seat);
         EXPECT_EQ(shown.code, 0) << shown.screen;
     }
     EXPECT_TRUE(fs::exists(folder_ / ".local" / "state" / "lumoseminar" / "history"));

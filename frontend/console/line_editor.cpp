@@ -110,6 +110,8 @@ class LineEditor::State {
     Outcome Read(const std::string& prompt, std::string& line) {
         prompt_ = prompt;
         dropped_ = false;
+        // Keys that come once the prompt is there are keys for the line.
+        el_set(editor_, EL_PREP_TERM, 1);
         int count = 0;
         const char* read = el_gets(editor_, &count);
         if (dropped_) return Outcome::kDropped;

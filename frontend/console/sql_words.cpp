@@ -64,8 +64,8 @@ std::vector<Candidate> CompleteSql(std::string_view text, const std::vector<Lumo
         const bool names_none = std::ranges::none_of(tables, IsNamed);
         for (const auto& table : tables) {
             // Columns are typed before the tables that they are from.
-            const bool is_meant =
-                names_table ? FoldCase(table.name) == last : IsNamed(table) || (names_none && !begun.empty());
+            const bool is_meant = names_table ? FoldCase(table.name) == last
+                                              : IsNamed(table) || (names_none && !begun.empty() && !before.empty());
             if (!is_meant) continue;
             for (const auto& column : table.columns) Add(column.name, column.type);
         }

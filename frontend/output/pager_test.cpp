@@ -18,10 +18,17 @@ TEST(IsLongerThan, CountsTheLinesOfTheScreen) {
 
 class Pager : public Cli {
   protected:
+    Shown Under(const std::string& pager, const Arguments& arguments, unsigned short rows = 24) const {
+        Seat seat;
+        seat.environment = {"PAGER=" + pager};
+        seat.rows = rows;
+        return Sit(arguments, seat);
+    }
+
     Shown List(const Arguments& more, const char* pager, unsigned short rows = 10) const {
         Arguments arguments{"seminars", "list"};
         arguments.insert(arguments.end(), more.begin(), more.end());
-        return Sit(arguments, {.environment = {std::string("PAGER=") + pager}, .rows = rows});
+        return Under(pager, arguments, rows);
     }
 };
 
@@ -46,8 +53,8 @@ TEST_F(Pager, ThatIsNoneShowsTheTextAllTheSame) {
 
 TEST_F(Pager, ThatEndsEarlyIsNoFailure) {
     UseSample();
-    const auto shown = Sit({"sql", "SELECT a.SemID, b.SemTitel, a.SemTitel FROM Sem_Katalog_IT a CROSS JOIN Sem_Katalog_IT b"},
-                           {.environment = {"PAGER=head -n 1; exit 3"}});
+    const auto shown = Under("head -n 1; exit 3",
+                             {"sql", "SELECT a.SemID, b.SemTitel FROM Sem_Katalog_IT a CROSS JOIN Sem_Katalog_IT b"});
     EXPECT_EQ(shown.code, 0) << shown.screen;
     EXPECT_THAT(shown.screen, testing::EndsWith(" rows)\r\n"));
     EXPECT_LT(Lines(shown.screen), 5U);
