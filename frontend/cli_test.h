@@ -27,18 +27,18 @@ struct Outcome {
 /// What somebody does in front of a terminal.
 struct Act {
     /// Wait until the screen has shown this, behind what the act before has waited for. Empty: at once.
-    std::string once_shown;
+    std::string once_shown = {};
     /// "yes\n"; "\x03" is Ctrl-C, "\x04" Ctrl-D.
-    std::string typed;
+    std::string typed = {};
     /// Sent to the program. 0: none.
     int signal = 0;
 };
 
 /// A terminal and who sits in front of it.
 struct Seat {
-    std::vector<Act> acts;
+    std::vector<Act> acts = {};
     /// "NAME=VALUE"
-    std::vector<std::string> environment;
+    std::vector<std::string> environment = {};
     unsigned short columns = 80;
     unsigned short rows = 24;
 };

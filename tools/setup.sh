@@ -10,7 +10,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 # What the libraries and the front end need.
 run_packages=(
     g++ cmake ninja-build pkg-config
-    libsqlite3-dev unixodbc-dev libfmt-dev libcli11-dev nlohmann-json3-dev libutf8proc-dev
+    libsqlite3-dev unixodbc-dev libfmt-dev libcli11-dev nlohmann-json3-dev libutf8proc-dev libedit-dev
 )
 
 log_dir=build/log

@@ -4,12 +4,11 @@ namespace frontend {
 
 namespace {
 
-constexpr void (*kCommands[])(Command&) = {AddInit,         AddSeminars,   AddDates,    AddDays,    AddSeries,
-                                           AddParticipants, AddWaitlist,   AddInterest, AddNeeds,   AddConsent,
-                                           AddCheck,        AddApprove,    AddWithdraw, AddPersons, AddFocus,
-                                           AddTargets,      AddOrganisers, AddVenues,   AddClerks,  AddCostTypes,
-                                           AddUsers,        AddBudget,     AddSql,      AddTables,  AddTour,
-                                           AddCompletion,  AddManual};
+constexpr void (*kCommands[])(Command&) = {
+    AddInit,     AddSeminars, AddDates,      AddDays,   AddSeries,     AddParticipants, AddWaitlist,
+    AddInterest, AddNeeds,    AddConsent,    AddCheck,  AddApprove,    AddWithdraw,     AddPersons,
+    AddFocus,    AddTargets,  AddOrganisers, AddVenues, AddClerks,     AddCostTypes,    AddUsers,
+    AddBudget,   AddSql,      AddTables,     AddTour,   AddCompletion, AddManual};
 
 }  // namespace
 

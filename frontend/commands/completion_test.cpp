@@ -1,6 +1,8 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include <test_support/places.h>
+
 #include "frontend/cli_test.h"
 #include "frontend/usage_test.h"
 
@@ -22,7 +24,7 @@ class Completion : public Cli {
     std::string InBash(const Arguments& words) const {
         WriteAll(folder_ / "completion.bash", Run({"completion", "bash"}).out);
         std::string script = "cd " + InShellQuotes(folder_) + "; source ./completion.bash; lumoseminar() { " +
-                             InShellQuotes(LUMOSEMINAR_PROGRAM) + " \"$@\"; }; COMP_WORDS=(lumoseminar";
+                             InShellQuotes(test_support::Program()) + " \"$@\"; }; COMP_WORDS=(lumoseminar";
         for (const auto& word : words) script += ' ' + InShellQuotes(word);
         script += "); COMP_CWORD=" + std::to_string(words.size()) +
                   "; _lumoseminar; ((${#COMPREPLY[@]})) && printf '%s\\n' \"${COMPREPLY[@]}\" >offered";
@@ -87,7 +89,7 @@ TEST_F(Completion, ScriptsAreReadByTheirShells) {
 TEST_F(Completion, WorksInFish) {
     if (!IsThere("fish")) GTEST_SKIP() << "there is no fish";
     UseSample();
-    WriteAll(folder_ / "script", "function lumoseminar; " + InShellQuotes(LUMOSEMINAR_PROGRAM) + " $argv; end\n" +
+    WriteAll(folder_ / "script", "function lumoseminar; " + InShellQuotes(test_support::Program()) + " $argv; end\n" +
                                      Run({"completion", "fish"}).out + "\ncomplete -C 'lumoseminar seminars show 26'\n");
     const auto command = "cd " + InShellQuotes(folder_) + " && HOME=. fish --no-config script >offered 2>err";
     EXPECT_EQ(std::system(command.c_str()), 0);

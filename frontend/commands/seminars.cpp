@@ -160,7 +160,7 @@ std::string WhatGoes(Context& context, Int32 key) {
     auto text = fmt::format("Seminar {}, {}:", key, Visible(seminar->SemTitel()));
     if (dates != 0) return text + fmt::format(" it has {} and stays.\n", Counted(dates, "date"));
     const auto areas = New<colSemSchwerpunkte>();
-    areas->Init(key, context.Session());
+    if (!areas->Init(key, context.Session())) RaiseRefused(context.Session()->LastErrorText());
     const auto interest = New<colSemWarteliste>();
     interest->LoadListSeminar(context.Session(), key);
     const auto left = SentenceOn({{static_cast<std::size_t>(areas->Count()), "focus area"},
