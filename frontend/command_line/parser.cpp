@@ -83,8 +83,9 @@ class Typed {
     explicit Typed(const ChosenCommand& chosen) : chosen_(chosen) {
         app_.set_help_flag("");
         app_.allow_extras();
-        for (const auto* option : OptionsOf(chosen)) Add(*option);
+        // Arguments come first: that is the order in which what is missing is told.
         for (const auto& argument : chosen.Innermost().Arguments()) Add(argument);
+        for (const auto* option : OptionsOf(chosen)) Add(*option);
     }
 
     void Read() {

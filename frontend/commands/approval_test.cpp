@@ -137,8 +137,10 @@ TEST_F(ApprovalCommands, ConsentToANeedGoesByTheStages) {
     EXPECT_EQ(Steps(7, 37), "Start 1 13 | Zustimmung 1 11 | Zustimmung 2 12");
     EXPECT_EQ(Json({"waitlist", "--person", "130", "--state"})[0]["Process"], kNoProcess);
 
-    ExpectRefused(Run(ForNeed(71, 37, kSecond)),
+    EXPECT_EQ(Json(ForNeed(71, 37, kSecond))["Outcome"], "approved, on the wait-list already") << "given once more";
+    ExpectRefused(Run({"needs", "reject", "37", "--user-id", kSecond}),
                   "User 12 may not decide: training need 37 is approved already. Nothing was changed.");
+    EXPECT_EQ(Steps(7, 37), "Start 1 13 | Zustimmung 1 11 | Zustimmung 2 12");
 }
 
 TEST_F(ApprovalCommands, ConsentToANeedOfSomebodyWhoWaitsAlready) {
@@ -214,8 +216,12 @@ TEST_F(ApprovalCommands, ApprovalThatDoesNotCountChangesNothing) {
     EXPECT_EQ(Steps(8, 57), "Start 1 13");
     ASSERT_EQ(Run(Step("approve", 71, 130, kFirst)).code, 0);
     ASSERT_EQ(Run(Step("approve", 71, 130, kSecond)).code, 0);
-    ExpectRefused(Run(Step("approve", 71, 130, kSecond, {"--format", "json"})),
-                  "User 12 may not decide: wait-list entry 57 is approved already. Nothing was changed.");
+    const auto again = Run(Step("approve", 71, 130, kSecond, {"--format", "json"}));
+    EXPECT_EQ(again.code, 1);
+    EXPECT_EQ(nlohmann::json::parse(again.out)["Process"], kApproved);
+    EXPECT_THAT(again.err, testing::ContainsRegex("^lumoseminar: Kölbl, Norbert is participant [0-9]+ of date 71 already; nobody was "
+                                                  "enrolled.\n$"));
+    EXPECT_EQ(Steps(8, 57), "Start 1 13 | Zustimmung 1 11 | Zustimmung 2 12");
     EXPECT_EQ(AllParticipants(), before + 1);
 }
 

