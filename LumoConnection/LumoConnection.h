@@ -7,6 +7,7 @@
 #include <LumoConnection/batches.h>
 #include <LumoConnection/connection_text.h>
 #include <LumoConnection/embedded/session.h>
+#include <LumoConnection/error_numbers.h>
 #include <LumoConnection/install.h>
 #include <LumoConnection/odbc/odbc_session.h>
 #include <LumoConnection/process/process_objects.h>

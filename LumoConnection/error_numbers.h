@@ -1,6 +1,6 @@
 #pragma once
 
-/// The server's error numbers that sessions report of themselves.
+/// The numbers that sessions report of themselves (LastErrorNumber): the server's, but for the last ones.
 namespace LumoConnection::Refused {
 inline constexpr int kSyntax = 102;
 inline constexpr int kUnclosedQuote = 105;

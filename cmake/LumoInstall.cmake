@@ -34,6 +34,7 @@ install(
     FILES schema/schema.sql schema/sample.sql schema/process.sql schema/process_sample.sql
     DESTINATION ${schema_dir}
 )
+install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/lumoseminar)
 if(LUMOSEMINAR_FRONTEND)
     install(TARGETS lumoseminar)
 endif()

@@ -41,9 +41,12 @@ foreach(file libLumoSeminar091.so libLumoSeminar091.a libLumoConnection091.so li
         message(FATAL_ERROR "Not installed: ${file}")
     endif()
 endforeach()
-foreach(file schema.sql sample.sql process.sql process_sample.sql)
-    if(NOT EXISTS ${prefix}/share/lumoseminar/${file})
-        message(FATAL_ERROR "Not installed: share/lumoseminar/${file}")
+foreach(
+    file lumoseminar/schema.sql lumoseminar/sample.sql lumoseminar/process.sql lumoseminar/process_sample.sql
+         doc/lumoseminar/LICENSE
+)
+    if(NOT EXISTS ${prefix}/share/${file})
+        message(FATAL_ERROR "Not installed: share/${file}")
     endif()
 endforeach()
 foreach(

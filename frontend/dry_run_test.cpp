@@ -104,7 +104,7 @@ TEST_F(DryRunOfCommands, EndsAtTheStatementThatIsRefused) {
     const auto before = Everything();
     const auto done = Run({"dates", "remove", "60", "--dry-run", "--verbose"}, {}, {});
     ASSERT_EQ(done.code, 0) << done.err;
-    const auto refused = Run({"participants", "set", "505", "Bemerkung=O'Neill", "--dry-run", "--verbose"});
+    const auto refused = Run({"participants", "set", "505", "Bemerkung=" + std::string(300, 'x'), "--dry-run", "--verbose"});
     EXPECT_EQ(refused.code, 1);
     EXPECT_THAT(refused.out, StartsWith("UPDATE Sem_Teilnehmer_IT "));
     EXPECT_THAT(refused.err, HasSubstr("\nlumoseminar: The database refused it: "));

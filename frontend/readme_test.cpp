@@ -128,7 +128,7 @@ class Synopsis {
         for (const auto& command : path.back()->Commands()) {
             auto below = path;
             below.push_back(&command);
-            if (command.Act() && !named_.contains(&command)) names.push_back(NameOf(below));
+            if (command.Act() && !command.IsHidden() && !named_.contains(&command)) names.push_back(NameOf(below));
             FindUnnamed(below, names);
         }
     }

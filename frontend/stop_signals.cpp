@@ -14,7 +14,8 @@ StopSignals::StopSignals() {
     g_came = 0;
     for (std::size_t i = 0; i < std::size(kSignals); ++i) {
         struct sigaction noting = {};
-        noting.sa_handler = Note;
+        noting.sa_handler = kSignals[i] == SIGPIPE ? SIG_IGN : Note;
+        // Writes go on; a wait for a key ends all the same.
         noting.sa_flags = SA_RESTART;
         sigaction(kSignals[i], &noting, &before_[i]);
         // What was ignored from the start stays so.

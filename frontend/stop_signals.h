@@ -6,7 +6,7 @@
 namespace frontend {
 
 /// While it lives, Ctrl-C and the signals that end a program only leave a note, so that what is half done can be taken
-/// back. What they did before is what they do afterwards. There is one at a time.
+/// back, and a reader that goes away is told by the write that fails. What they did before is what they do afterwards.
 class StopSignals {
   public:
     StopSignals();
@@ -18,7 +18,7 @@ class StopSignals {
     static int Came();
 
   private:
-    static constexpr int kSignals[] = {SIGINT, SIGTERM, SIGHUP};
+    static constexpr int kSignals[] = {SIGINT, SIGTERM, SIGHUP, SIGPIPE};
     struct sigaction before_[std::size(kSignals)] = {};
 };
 

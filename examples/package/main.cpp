@@ -1,4 +1,4 @@
-#include <LumoConnection/embedded/session.h>
+#include <LumoConnection/LumoConnection.h>
 #include <LumoSeminar/LumoSeminar.h>
 
 #include <iostream>
@@ -20,7 +20,8 @@ int main() try {
     std::cout << "stored under " << seminar->SemID() << '\n';
 
     const auto catalogue = New<colSeminare>();
-    catalogue->Init(1, session);  // one SELECT: those of client 1 and the common ones
+    // One SELECT: those of client 1 and the common ones.
+    if (!catalogue->Init(1, session)) Raise(ErrorNumber::kStatementRefused, session->LastErrorText());
     for (const auto& entry : catalogue->NewEnum()) {
         std::cout << entry->Key() << "  " << entry->SemTitel()  // one SELECT an entry
                   << ", " << DefaultText(entry->Stunden()) << " h\n";

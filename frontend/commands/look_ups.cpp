@@ -112,10 +112,14 @@ bool IsInFull(const PersonRow& person, const TypedName& typed) {
            (typed.first_name.empty() || FoldCase(person.first_name) == FoldCase(typed.first_name));
 }
 
-// Those whose name was typed in full; without any, those whose name begins so.
+// Those whose name was typed in full; without any, those whose name begins so; without any, those whose first name does.
 std::vector<PersonRow> PersonsNamed(Context& context, std::string_view typed, KindOfPerson kind) {
     const auto names = ReadName(typed);
     auto persons = SelectPersons(context, kind, ConditionFor(names, kind));
+    if (persons.empty() && names.size() == 1 && names.front().first_name.empty()) {
+        return SelectPersons(
+            context, kind, fmt::format(" AND {} LIKE {}", NameColumnsOf(kind).first_name, FrontPattern(names.front().name)));
+    }
     std::vector<PersonRow> in_full;
     std::ranges::copy_if(persons, std::back_inserter(in_full), [&](const PersonRow& person) {
         return std::ranges::any_of(names, [&](const TypedName& name) { return IsInFull(person, name); });

@@ -72,11 +72,11 @@ TEST_F(LookUps, SignsOfAStatementAreLetters) {
 TEST_F(LookUps, NobodyOfThatNameIsTold) {
     const auto none = Run({"persons", "show", "Zyx"});
     EXPECT_EQ(none.code, 1);
-    EXPECT_EQ(none.err, "lumoseminar: error 5: There is no employee \"Zyx\" of client 1.\n");
+    EXPECT_EQ(none.err, "lumoseminar: There is no employee \"Zyx\" of client 1.\n");
     EXPECT_EQ(Run({"persons", "show", "Çelik"}).err,
-              "lumoseminar: error 5: There is no employee \"Çelik\" of client 1. Çelik, Hüseyin is applicant 3.\n");
+              "lumoseminar: There is no employee \"Çelik\" of client 1. Çelik, Hüseyin is applicant 3.\n");
     EXPECT_EQ(Run({"persons", "show", "Norbert Kölbl", "--client", "2"}).err,
-              "lumoseminar: error 5: There is no employee \"Norbert Kölbl\" of client 2.\n");
+              "lumoseminar: There is no employee \"Norbert Kölbl\" of client 2.\n");
 }
 
 TEST_F(LookUps, EachCommandTakesTheName) {
@@ -88,7 +88,7 @@ TEST_F(LookUps, EachCommandTakesTheName) {
     EXPECT_EQ(Json({"waitlist", "--person", name}).back()["SemTerminID"], 71);
     EXPECT_EQ(Json({"interest", "--person", name}), Json({"interest", "--person", "130"}));
     EXPECT_EQ(Json({"approve", "71", name, "--user-id", "11"})["TNID"], 130);
-    EXPECT_EQ(Json({"withdraw", "71", name, "--user-id", "11"})["Consent"], "none");
+    EXPECT_EQ(Json({"withdraw", "71", name, "--user-id", "11"})["Consent"], false);
     EXPECT_EQ(Json({"needs", "list", name}), Json({"needs", "list", "130"}));
     for (const Arguments& arguments :
          {Arguments{"participants", "enrol", "78", "Kölbl"}, Arguments{"check", "78", "Kölbl"},
@@ -171,12 +171,23 @@ TEST_F(LookUps, UsersAreListedWithTheStagesAtWhichTheyDecide) {
     EXPECT_EQ(users[1]["Bezeichnung"], "Weiterbildung");
 }
 
+TEST_F(LookUps, AFirstNameAloneDoesWhereNobodyIsCalledSo) {
+    const auto two = Run({"persons", "show", "Petra"});
+    EXPECT_EQ(two.code, 1);
+    EXPECT_EQ(two.err,
+              "lumoseminar: PERSON: \"Petra\" is not unambiguous: 2 employees.\n"
+              "    101  Kühn, Petra\n"
+              "    238  Lützenkirchen, Petra\n");
+    EXPECT_EQ(Json({"persons", "show", "BÄRBEL"})["PersonID"], 321);
+}
+
 TEST_F(LookUps, ATableThatIsNotThereIsTold) {
     Sql("drop table arbeitnehmer drop table sysIData_VOrte");
-    EXPECT_EQ(Run({"persons", "show", "Kölbl"}).err, "lumoseminar: error 9999: Invalid object name 'arbeitnehmer'.\n");
-    EXPECT_EQ(Run({"venues", "list"}).err, "lumoseminar: error 9999: Invalid object name 'sysIData_VOrte'.\n");
+    EXPECT_EQ(Run({"persons", "show", "Kölbl"}).err,
+              "lumoseminar: The database refused it: Invalid object name 'arbeitnehmer'.\n");
+    EXPECT_EQ(Run({"venues", "list"}).err, "lumoseminar: The database refused it: Invalid object name 'sysIData_VOrte'.\n");
     EXPECT_EQ(Run({"dates", "set", "71", "--venue", "1"}).err,
-              "lumoseminar: error 9999: Invalid object name 'sysIData_VOrte'.\n");
+              "lumoseminar: The database refused it: Invalid object name 'sysIData_VOrte'.\n");
 }
 
 }  // namespace

@@ -180,7 +180,7 @@ TEST_F(NeedsCommand, AddTakesNamesOfPersonAndFocusArea) {
               "    4  Datenschutz und Informationssicherheit\n"
               "    6  Deutsch am Arbeitsplatz\n");
     ExpectRefused(Run({"needs", "add", "130", "Töpfern", "--user-id", kFirst}),
-                  "error 5: There is no focus area \"Töpfern\". \"lumoseminar focus list\" tells which there are.");
+                  "There is no focus area \"Töpfern\". \"lumoseminar focus list\" tells which there are.");
 }
 
 TEST_F(NeedsCommand, RejectWithoutTheTablesOfTheProcesses) {

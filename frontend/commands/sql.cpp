@@ -105,6 +105,8 @@ int Sql(Context& context, const SqlOptions& options) {
     const auto batches = LumoConnection::SplitBatches(ReadText(options));
     if (batches.empty()) throw UsageError("There is no statement in the text.");
     if (context.options.dry_run) return ShowBatches(context, batches);
+    // What fails here is no refusal of a batch.
+    context.AnyDatabase();
     RowPrinter printer(context, batches.size());
     const int code = RunBatches(context, batches, printer);
     printer.Finish();

@@ -141,7 +141,7 @@ int ReportInterruption() {
     fmt::print("\n");
     std::fflush(stdout);
     fmt::print(stderr, "lumoseminar: The tour was interrupted. What it had added is removed again.\n");
-    return 128 + Interruption::Signal();
+    return 128 + StopSignals::Came();
 }
 
 int WalkTour(const Context& context, const std::optional<std::string>& chapter) {
@@ -150,7 +150,7 @@ int WalkTour(const Context& context, const std::optional<std::string>& chapter) 
     const auto chapters = ChaptersNamed(chapter);
     TourPage page;
     try {
-        const Interruption interruption;
+        const StopSignals interruption;
         Tour(context, page).Walk(chapters);
     } catch (const TourInterrupted&) {
         return ReportInterruption();

@@ -155,8 +155,8 @@ TEST_F(TourOnAGivenDatabase, ComesOutAsToldAndLeavesItAsItWasWhateverWasDoneBefo
     Do({"approve", "62", "101", "--user-id", "11"});
     Do({"approve", "62", "101", "--user-id", "12"});
     // What is left of removed subjects has the keys that the next ones get.
-    Do({"dates", "remove", "82"});
-    Do({"seminars", "remove", "43"});
+    Do({"dates", "remove", "82", "--yes"});
+    Do({"seminars", "remove", "43", "--yes"});
     Do({"sql",
         "insert into Sem_Teilnehmer_IT (TeilnehmerID, SemTerminID, MDNr, ANNr) values (900, 82, 1, 101) "
         "insert into Sem_Teilnehmer_Kosten_IT (TeilnehmerID, KostenID, Kostenbetrag) values (901, 1, 5) "
@@ -243,11 +243,11 @@ TEST(Tour, IsTakenBackFromEveryPlace) {
         return sizes;
     };
     const auto before = Sizes();
-    const Interruption interruption;
+    const StopSignals interruption;
     for (const auto& chapter : Chapters()) {
         int interrupted = 0;
         for (std::size_t at = 1;; at += 7) {
-            const Interruption again;
+            const StopSignals again;
             testing::internal::CaptureStdout();
             TourPage page;
             TourGround ground{page, session, 1, {}};

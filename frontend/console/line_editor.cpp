@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <clocale>
 #include <cstdio>
+#include <cwchar>
 #include <system_error>
 
 #include "frontend/output/screen_text.h"
@@ -89,9 +90,10 @@ class LineEditor::State {
         el_set(editor_, EL_SIGNAL, 1);
         el_set(editor_, EL_HIST, &history, history_);
         el_set(editor_, EL_PROMPT_ESC, &Prompt, kHidden);
-        el_set(editor_, EL_ADDFN, "lumo-complete", "Complete what is typed", &Complete);
-        el_set(editor_, EL_ADDFN, "lumo-drop", "Drop the line", &Drop);
-        el_set(editor_, EL_ADDFN, "lumo-end", "Delete a character, or end", &End);
+        // The form for narrow characters makes copies that nobody frees.
+        el_wset(editor_, EL_ADDFN, L"lumo-complete", L"Complete what is typed", &Complete);
+        el_wset(editor_, EL_ADDFN, L"lumo-drop", L"Drop the line", &Drop);
+        el_wset(editor_, EL_ADDFN, L"lumo-end", L"Delete a character, or end", &End);
         el_source(editor_, nullptr);
         // Ctrl-C is a key like others while a line is typed.
         el_set(editor_, EL_SETTY, "-d", "-isig", nullptr);
@@ -141,7 +143,7 @@ class LineEditor::State {
 
     static char* Prompt(EditLine* editor) { return Of(editor).prompt_.data(); }
 
-    static unsigned char Complete(EditLine* editor, int) {
+    static unsigned char Complete(EditLine* editor, wint_t) {
         try {
             return Of(editor).CompleteLine();
         } catch (const std::exception&) {
@@ -149,14 +151,14 @@ class LineEditor::State {
         }
     }
 
-    static unsigned char Drop(EditLine* editor, int) {
+    static unsigned char Drop(EditLine* editor, wint_t) {
         Of(editor).dropped_ = true;
         std::fputs("^C\n", stdout);
         std::fflush(stdout);
         return CC_NEWLINE;
     }
 
-    static unsigned char End(EditLine* editor, int) {
+    static unsigned char End(EditLine* editor, wint_t) {
         const auto* line = el_line(editor);
         if (line->lastchar == line->buffer) {
             std::fputs("\n", stdout);

@@ -104,7 +104,7 @@ TEST(Values, StandInEachFormatAsTold) {
         {"whole number", Int32{-2147483647 - 1}, "-2147483648", "-2147483648", "-2147483648"},
         {"byte", Byte{255}, "255", "255", "255"},
         {"small number", Int16{-3}, "-3", "-3", "-3"},
-        {"truth", true, "true", "true", "true"},
+        {"truth", true, "yes", "true", "true"},
         {"double", 7.5, "7.5", "7.5", "7.5"},
         {"double in binary noise", 0.1 + 0.2, "0.3", "0.30000000000000004", "0.30000000000000004"},
         {"single", 0.1F, "0.1", "0.1", "0.1"},

@@ -77,7 +77,7 @@ void TourPage::Chapter(std::string_view title, std::string_view who_wants_what) 
 }
 
 void TourPage::Step(std::string_view title, std::string_view text) {
-    Interruption::Check();
+    CheckInterruption();
     Put(fmt::format("\n{}{}. {}{}\n", bold_, ++steps_, title, plain_));
     Paragraph(text);
     Put("\n");
@@ -151,7 +151,7 @@ void TourPage::Entry(std::string_view label, std::string_view text, int indent) 
 }
 
 void TourPage::WatchWhile(const std::function<void()>& act) {
-    Interruption::Check();
+    CheckInterruption();
     sent_.clear();
     watching_ = true;
     try {

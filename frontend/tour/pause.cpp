@@ -41,7 +41,7 @@ constexpr char kEndOfInput = '\x04';
 // The next key; the end of the input where there is none.
 char Key() {
     for (;;) {
-        Interruption::Check();
+        CheckInterruption();
         // Ended by signals: a second at most goes by where one comes in between the check and the wait.
         pollfd waits{STDIN_FILENO, POLLIN, 0};
         const int ready = poll(&waits, 1, 1000);
