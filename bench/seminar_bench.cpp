@@ -294,7 +294,7 @@ BENCHMARK(RawPreparedEachTime)->Arg(10'000)->Unit(benchmark::kMillisecond);
 bench::Figure MeasureListedSeminar() {
     constexpr int kCount = 10'000;
     const auto session = Catalogue(kCount);
-    const auto fill = [&](colSeminare& list) { list.Init(5, session); };
+    const auto fill = [&](colSeminare& list) { (void)list.Init(5, session); };
     {
         colSeminare warm_up;
         fill(warm_up);

@@ -17,7 +17,12 @@ inline constexpr const char* kDefaultsName = "SessionDefaults";
 inline Text ArgumentText(std::integral auto number) { return std::to_string(number); }
 inline Text ArgumentText(const Text& text) { return "'" + text + "'"; }
 
-inline Text NewCall(const char* object) { return std::string("New ") + object; }
+inline Text NewCall(const char* object) {
+    // In one expression g++ 12 is afraid of the end of the short text's own buffer.
+    Text call;
+    call.reserve(32);
+    return call.append("New ").append(object);
+}
 
 /// "InfoStarter.Starten 8, 42, 17"
 template <class... Arguments>
