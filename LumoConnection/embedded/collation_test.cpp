@@ -59,8 +59,9 @@ TEST(Collation, IsAnOrderOverAllSortsOfTexts) {
         for (const auto& b : texts) {
             EXPECT_EQ(CompareTexts(a, b), -CompareTexts(b, a)) << a << " / " << b;
             for (const auto& c : texts) {
-                if (CompareTexts(a, b) <= 0 && CompareTexts(b, c) <= 0)
+                if (CompareTexts(a, b) <= 0 && CompareTexts(b, c) <= 0) {
                     EXPECT_LE(CompareTexts(a, c), 0) << a << " / " << b << " / " << c;
+                }
             }
         }
     }
