@@ -3,6 +3,7 @@
 #include <LumoConnection/connection_text.h>
 #include <LumoConnection/error_numbers.h>
 #include <LumoConnection/install.h>
+#include <LumoConnection/text_file.h>
 
 #include <fmt/format.h>
 
@@ -11,7 +12,6 @@
 #include <system_error>
 #include <utility>
 
-#include "frontend/files.h"
 #include "frontend/output/screen_text.h"
 #include "frontend/output/terminal.h"
 
@@ -33,12 +33,13 @@ OpenedSession OpenSession(const Login& login, MissingFile missing_file, LumoConn
     if (missing_file == MissingFile::kRefuse && LumoConnection::AsksForEmbedded(login.connection_text)) {
         const Text file = LumoConnection::ReadEmbeddedTarget(login.connection_text).file;
         if (file != ":memory:" && !std::filesystem::exists(file)) {
-            Raise(kFileNotRead, "There is no database file " + OneLine(file) + "; the command init creates it.");
+            Raise(LumoConnection::kFileNotRead, "There is no database file " + OneLine(file) + "; the command init creates it.");
         }
         // Opened, it would become a database without a table.
         std::error_code failed;
         if (file != ":memory:" && std::filesystem::is_regular_file(file, failed) && std::filesystem::is_empty(file, failed)) {
-            Raise(kFileNotRead, "The file " + OneLine(file) + " is empty; the command init makes a database of it.");
+            Raise(LumoConnection::kFileNotRead,
+                  "The file " + OneLine(file) + " is empty; the command init makes a database of it.");
         }
     }
     OpenedSession opened;

@@ -1,4 +1,5 @@
 #include <LumoConnection/batches.h>
+#include <LumoConnection/text_file.h>
 #include <fmt/format.h>
 
 #include <iostream>
@@ -10,7 +11,6 @@
 #include "frontend/context.h"
 #include "frontend/dry_run.h"
 #include "frontend/exit_codes.h"
-#include "frontend/files.h"
 #include "frontend/output/failure.h"
 
 namespace frontend {
@@ -26,7 +26,7 @@ struct SqlOptions {
 
 std::string ReadText(const SqlOptions& options) {
     if (!options.file.empty() && !options.text.empty()) throw UsageError("Give a text or a file, not both.");
-    if (!options.file.empty()) return ReadFile(options.file);
+    if (!options.file.empty()) return LumoConnection::ReadTextFile(options.file);
     if (options.text.empty()) throw UsageError("Give a text, --file FILE, or - for standard input.");
     if (options.text != "-") return options.text;
     return {std::istreambuf_iterator<char>(std::cin), {}};

@@ -1,21 +1,22 @@
-#include "frontend/files.h"
+#include <LumoConnection/text_file.h>
 
-#include <LumoSeminar/LumoSeminar.h>
 #include <gtest/gtest.h>
 
-namespace frontend {
+#include <LumoSeminar/frame/errors.h>
+
+namespace LumoConnection {
 namespace {
 
-TEST(ReadFile, RaisesWhereThereIsNone) {
+TEST(ReadTextFile, RaisesWhereThereIsNone) {
     try {
-        ReadFile("/no/such/file.sql");
+        ReadTextFile("/no/such/file.sql");
         FAIL() << "nothing was raised";
     } catch (const LumoSeminar::Error& error) {
         EXPECT_EQ(error.Number(), 53);
         EXPECT_EQ(error.Description(), "The file \"/no/such/file.sql\" cannot be read: No such file or directory.");
     }
-    EXPECT_THROW(ReadFile("/"), LumoSeminar::Error);
+    EXPECT_THROW(ReadTextFile("/"), LumoSeminar::Error);
 }
 
 }  // namespace
-}  // namespace frontend
+}  // namespace LumoConnection
